@@ -1,0 +1,28 @@
+// The font families the font service offers: the system's fonts.
+#pragma once
+
+#include <vector>
+
+#include "vb/text.hpp"
+
+namespace forms {
+
+class FontCatalog {
+ public:
+  virtual ~FontCatalog() = default;
+  // Family names, sorted, without duplicates.
+  virtual const std::vector<vb::Text>& Families() = 0;
+  bool Has(const vb::Text& family);
+};
+
+// The families fontconfig knows on this system, read once on first use.
+class FontconfigCatalog : public FontCatalog {
+ public:
+  const std::vector<vb::Text>& Families() override;
+
+ private:
+  bool loaded_ = false;
+  std::vector<vb::Text> families_;
+};
+
+}  // namespace forms

@@ -145,10 +145,12 @@ class TextBox : public Control {
   std::int32_t MaxLength() const { return max_length_; }
   void SetMaxLength(std::int32_t n) { max_length_ = n; }
   std::int32_t SelStart() const { return sel_start_; }
-  // Clamped to the text's length; the selection shrinks to fit.
+  // Clamped to the text's length; the selection collapses to an insertion
+  // point there (SelLength 0), as VB does. A negative start fails with
+  // "Invalid property value" (380).
   void SetSelStart(std::int32_t start);
   std::int32_t SelLength() const { return sel_length_; }
-  // Clamped so the span ends inside the text.
+  // Clamped so the span ends inside the text; negative fails with 380.
   void SetSelLength(std::int32_t length);
   vb::Text SelText() const;
   bool MultiLine() const { return multi_line_; }
@@ -182,6 +184,9 @@ class TextBox : public Control {
   std::int32_t max_length_ = 0;
   std::int32_t sel_start_ = 0;
   std::int32_t sel_length_ = 0;
+  // Which end of the selection the caret is at; Shift+arrow extends from
+  // the other end.
+  bool caret_at_start_ = false;
   bool multi_line_ = false;
   struct {
     vb::Text text;
@@ -244,9 +249,10 @@ class CommandButton : public Control {
   void SetDefault(bool d) { default_ = d; }
   bool Cancel() const { return cancel_; }
   void SetCancel(bool c) { cancel_ = c; }
-  // A press by the user (click, Space, Enter, Esc, access key): moves the
-  // focus here as a mouse click does, then raises Click. Does nothing when
-  // the button is not effectively enabled.
+  // A press by the user (click, Space, Enter, Esc, access key): raises
+  // Click. Does nothing when the button is not effectively enabled. The
+  // focus is the form's business: a mouse click moves it here first, Enter
+  // and Esc leave it where it is.
   void UserClick();
   EventHandler Click;
 
@@ -321,6 +327,18 @@ class CommonDialog : public Control {
   std::int32_t Flags = 0;
   // Asks the front end; returns when the user closes the service.
   void ShowFont();
+  void RestoreDesign() override;
+
+ protected:
+  void TakeDesign() override;
+
+ private:
+  struct FontDesign {
+    vb::Text name;
+    vb::Single size;
+    bool bold, italic, underline, strike_thru;
+    std::int32_t flags;
+  } design_font_{};
 };
 
 }  // namespace forms

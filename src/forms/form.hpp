@@ -44,12 +44,12 @@ enum ControlFlag : unsigned {
 struct ControlSpec {
   ControlKind kind;
   const char* name;
-  std::int16_t index = -1;         // element of a control array, or -1
-  const char16_t* caption = u"";   // caption; for a text box its default text
-  const char* container = nullptr; // name of the frame that holds it
-  std::int16_t value = 0;          // check box Value; option button 1 = True
+  std::int16_t index = -1;          // element of a control array, or -1
+  const char16_t* caption = u"";    // caption; for a text box its default text
+  const char* container = nullptr;  // name of the frame that holds it
+  std::int16_t value = 0;           // check box Value; option button 1 = True
   const char16_t* tag = u"";
-  std::int32_t max_length = 0;     // text box limit, 0 = none
+  std::int32_t max_length = 0;  // text box limit, 0 = none
   unsigned flags = 0;
 };
 
@@ -74,8 +74,7 @@ enum class Key {
 
 class Form {
  public:
-  Form(Runtime& runtime, std::string name, vb::Text caption,
-       std::span<const ControlSpec> design,
+  Form(Runtime& runtime, std::string name, vb::Text caption, std::span<const ControlSpec> design,
        StartUpPosition position = StartUpPosition::WindowsDefault);
   virtual ~Form();
   Form(const Form&) = delete;
@@ -104,8 +103,10 @@ class Form {
   Control* Find(std::string_view name, std::int16_t index = -1) const;
   // The control a path such as "txtName" or "optSB(3)" names, or null.
   Control* FindByPath(std::string_view path) const;
-  // The control called `name`, of kind T. A missing control or another kind
-  // is a programming error and aborts in debug builds.
+  // The control called `name`, of kind T. A missing element of an existing
+  // control array fails as VB does ("Control array element 'n' doesn't
+  // exist", 340); a missing name or another kind is a mistake in the form's
+  // code and throws std::logic_error.
   template <class T>
   T& Get(std::string_view name, std::int16_t index = -1) const {
     auto* c = dynamic_cast<T*>(Find(name, index));

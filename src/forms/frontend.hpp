@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "vb/text.hpp"
 #include "vb/value.hpp"
@@ -39,12 +41,16 @@ enum MsgBoxResult : std::int32_t {
 // "OK", "Cancel", ... for a result; the inverse returns 0 for an unknown word.
 const char* MsgBoxResultName(std::int32_t result);
 std::int32_t MsgBoxResultFromName(std::string_view name);
+// The buttons a message box of this style shows, left to right: {vbOK} for
+// vbOKOnly, {vbYes, vbNo, vbCancel} for vbYesNoCancel. The icon bits are
+// ignored; an unknown button style shows OK alone, as the system does.
+std::vector<std::int32_t> MsgBoxButtons(std::int32_t style);
 
 struct MessageBox {
   vb::Text prompt;
   std::int32_t buttons = vbOKOnly;
-  vb::Text title;           // as shown: the runtime's own when none was given
-  bool title_given = false; // whether the caller passed a title
+  vb::Text title;            // as shown: the runtime's own when none was given
+  bool title_given = false;  // whether the caller passed a title
 };
 
 // The font handed to the font service and, on OK, the user's choice.

@@ -76,7 +76,7 @@ class VBControl : public Object {
   virtual vb::Text ClassName() const = 0;
   // Still answer while the control's ItemRemoved event runs.
   virtual std::shared_ptr<VBControls> Collection() = 0;
-  virtual std::shared_ptr<Properties> Properties() = 0;
+  virtual std::shared_ptr<ide::Properties> Properties() = 0;
 };
 
 class Member : public Object {
@@ -104,14 +104,14 @@ class CodeModule : public Object {
   virtual void DeleteLines(std::int32_t first, std::int32_t count) = 0;
   // Adds the text's lines; a text read from Lines becomes those lines again.
   virtual void AddFromString(const vb::Text& text) = 0;
-  virtual std::shared_ptr<Members> Members() = 0;
+  virtual std::shared_ptr<ide::Members> Members() = 0;
 };
 
 class VBComponent : public Object {
  public:
   virtual vb::Text Name() const = 0;
   // The component's code module, or null when it has none.
-  virtual std::shared_ptr<CodeModule> CodeModule() = 0;
+  virtual std::shared_ptr<ide::CodeModule> CodeModule() = 0;
 };
 
 class VBForm : public Object {
@@ -180,18 +180,18 @@ class Events : public Object {
  public:
   // Event source of a menu entry; `control` may be null, and what the IDE
   // does then is its own business.
-  virtual std::shared_ptr<CommandBarEvents> CommandBarEvents(
+  virtual std::shared_ptr<ide::CommandBarEvents> CommandBarEvents(
       const std::shared_ptr<CommandBarControl>& control) = 0;
   // Event source of the controls of a project (and of one form, or all when
   // `form` is null). `project` is passed as the caller has it, untested.
-  virtual std::shared_ptr<VBControlsEvents> VBControlsEvents(const ObjectPtr& project,
+  virtual std::shared_ptr<ide::VBControlsEvents> VBControlsEvents(const ObjectPtr& project,
                                                              const ObjectPtr& form) = 0;
 };
 
 class VBE : public Object {
  public:
-  virtual std::shared_ptr<CommandBars> CommandBars() = 0;
-  virtual std::shared_ptr<Events> Events() = 0;
+  virtual std::shared_ptr<ide::CommandBars> CommandBars() = 0;
+  virtual std::shared_ptr<ide::Events> Events() = 0;
   // The active project, or null.
   virtual ObjectPtr ActiveVBProject() = 0;
 };

@@ -1,0 +1,68 @@
+// tessaly: the workbench's command line.
+//
+//   tessaly run SCRIPT [--trace FILE] [--settings FILE] [--quiet]
+//
+// Runs a session script against the workbench IDE with the Tessaly add-in
+// loaded, printing a transcript; --trace writes the JSON Lines trace.
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#include "host/connect.hpp"
+#include "workbench/session.hpp"
+
+namespace {
+
+int RunScript(const std::string& script_path, const std::string& trace_path,
+              const std::string& settings_path, bool quiet) {
+  std::ifstream in(script_path, std::ios::binary);
+  if (!in) {
+    std::cerr << "tessaly: cannot open the script " << script_path << '\n';
+    return 2;
+  }
+  std::stringstream text;
+  text << in.rdbuf();
+  std::ofstream trace_file;
+  if (!trace_path.empty()) {
+    trace_file.open(trace_path, std::ios::binary | std::ios::trunc);
+    if (!trace_file) {
+      std::cerr << "tessaly: cannot write the trace " << trace_path << '\n';
+      return 2;
+    }
+  }
+  try {
+    const auto lines = workbench::ParseScript(text.str(), script_path);
+    workbench::SessionOptions options;
+    options.base_dir = std::filesystem::path(script_path).parent_path();
+    if (options.base_dir.empty()) options.base_dir = ".";
+    options.settings_file = settings_path;
+    options.transcript = quiet ? nullptr : &std::cout;
+    options.trace = trace_path.empty() ? nullptr : &trace_file;
+    options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
+    workbench::Session session(std::move(options));
+    session.Run(lines);
+  } catch (const std::exception& e) {
+    std::cerr << "tessaly: " << e.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{"Tessaly workbench: a stand-in VB6 IDE with the Tessaly add-in"};
+  app.require_subcommand(1);
+  auto* run = app.add_subcommand("run", "Run a session script");
+  std::string script, trace, settings;
+  bool quiet = false;
+  run->add_option("script", script, "The session script")->required();
+  run->add_option("--trace", trace, "Write the JSON Lines trace to this file");
+  run->add_option("--settings", settings,
+                  "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
+  run->add_flag("--quiet", quiet, "Print no transcript");
+  CLI11_PARSE(app, argc, argv);
+  return RunScript(script, trace, settings, quiet);
+}

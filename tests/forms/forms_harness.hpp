@@ -1,0 +1,175 @@
+// Small real doubles for forms tests: a scripted action source, an in-memory
+// settings store, a fixed font catalog, an observer that writes one line per
+// event, and a form built from a design table whose Load and Activate
+// routines a test can set.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <span>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "forms/font_catalog.hpp"
+#include "forms/form.hpp"
+#include "forms/headless.hpp"
+#include "forms/observer.hpp"
+#include "forms/runtime.hpp"
+#include "forms/settings_store.hpp"
+#include "vb/text.hpp"
+
+namespace forms::testing {
+
+// Actions handed out in order; each gets "script:N" as its origin.
+class ScriptSource : public ActionSource {
+ public:
+  ScriptSource& Add(UserAction action) {
+    action.origin = "script:" + std::to_string(++added_);
+    actions_.push_back(std::move(action));
+    return *this;
+  }
+  std::optional<UserAction> Next(Waiting, const std::string& description) override {
+    asked_.push_back(description);
+    if (actions_.empty()) return std::nullopt;
+    UserAction a = std::move(actions_.front());
+    actions_.pop_front();
+    return a;
+  }
+  std::size_t Left() const { return actions_.size(); }
+  const std::vector<std::string>& Asked() const { return asked_; }
+
+ private:
+  std::deque<UserAction> actions_;
+  std::vector<std::string> asked_;
+  int added_ = 0;
+};
+
+inline UserAction Action(UserAction::Type type) {
+  UserAction a;
+  a.type = type;
+  return a;
+}
+inline UserAction Typed(vb::Text text) {
+  UserAction a = Action(UserAction::Type::Type);
+  a.text = std::move(text);
+  return a;
+}
+inline UserAction Pasted(vb::Text text) {
+  UserAction a = Action(UserAction::Type::Paste);
+  a.text = std::move(text);
+  return a;
+}
+inline UserAction Pressed(Key key) {
+  UserAction a = Action(UserAction::Type::Key);
+  a.key = key;
+  return a;
+}
+inline UserAction Alt(char16_t letter) {
+  UserAction a = Action(UserAction::Type::AltKey);
+  a.letter = letter;
+  return a;
+}
+inline UserAction Clicked(std::string target) {
+  UserAction a = Action(UserAction::Type::Click);
+  a.target = std::move(target);
+  return a;
+}
+inline UserAction Ticked(std::string target, std::int32_t row) {
+  UserAction a = Action(UserAction::Type::TickRow);
+  a.target = std::move(target);
+  a.row = row;
+  return a;
+}
+inline UserAction Answered(std::int32_t answer) {
+  UserAction a = Action(UserAction::Type::Answer);
+  a.answer = answer;
+  return a;
+}
+inline UserAction Closed() { return Action(UserAction::Type::Close); }
+inline UserAction FontCancelled() { return Action(UserAction::Type::FontCancel); }
+
+class MemorySettings : public SettingsStore {
+ public:
+  std::optional<vb::Text> Get(const vb::Text& app, const vb::Text& section,
+                              const vb::Text& key) override {
+    auto it = values_.find({app, section, key});
+    if (it == values_.end()) return std::nullopt;
+    return it->second;
+  }
+  void Save(const vb::Text& app, const vb::Text& section, const vb::Text& key,
+            const vb::Text& text) override {
+    values_[{app, section, key}] = text;
+  }
+
+ private:
+  std::map<std::tuple<vb::Text, vb::Text, vb::Text>, vb::Text> values_;
+};
+
+class FixedFonts : public FontCatalog {
+ public:
+  explicit FixedFonts(std::vector<vb::Text> families) : families_(std::move(families)) {}
+  const std::vector<vb::Text>& Families() override { return families_; }
+
+ private:
+  std::vector<vb::Text> families_;
+};
+
+// One line per event: "shown frmA", "focus frmA txtName", "closed frmA",
+// "msgbox 'Saved' OK", "font ok Courier New", "read k=v default".
+class Recorder : public Observer {
+ public:
+  std::vector<std::string> lines;
+  void FormShown(const Form& f) override { lines.push_back("shown " + f.Name()); }
+  void FormClosed(const Form& f) override { lines.push_back("closed " + f.Name()); }
+  void FocusChanged(const Form& f, const Control& c) override {
+    lines.push_back("focus " + f.Name() + " " + c.Path());
+  }
+  void MessageBoxShown(const MessageBox& box, std::int32_t answer) override {
+    lines.push_back("msgbox '" + vb::ToUtf8(box.prompt) + "' " + MsgBoxResultName(answer));
+  }
+  void FontServiceClosed(const FontChoice&, const FontChoice& result, bool ok) override {
+    lines.push_back(std::string("font ") + (ok ? "ok " : "cancel ") + vb::ToUtf8(result.name));
+  }
+  void SettingRead(const vb::Text&, const vb::Text&, const vb::Text& key, const vb::Text& text,
+                   bool stored) override {
+    lines.push_back("read " + vb::ToUtf8(key) + "=" + vb::ToUtf8(text) +
+                    (stored ? " stored" : " default"));
+  }
+  void SettingWritten(const vb::Text&, const vb::Text&, const vb::Text& key,
+                      const vb::Text& text) override {
+    lines.push_back("write " + vb::ToUtf8(key) + "=" + vb::ToUtf8(text));
+  }
+};
+
+// A form from a design table; on_load and on_activate stand in for its code.
+class TableForm : public Form {
+ public:
+  TableForm(Runtime& runtime, std::string name, vb::Text caption,
+            std::span<const ControlSpec> design)
+      : Form(runtime, std::move(name), std::move(caption), design) {}
+  std::function<void()> on_load;
+  std::function<void()> on_activate;
+
+ protected:
+  void Form_Load() override {
+    if (on_load) on_load();
+  }
+  void Form_Activate() override {
+    if (on_activate) on_activate();
+  }
+};
+
+// A runtime over the headless front end, wired to the doubles above.
+struct Harness {
+  ScriptSource script;
+  FixedFonts fonts{{u"Arial", u"Courier New", u"DejaVu Sans", u"DejaVu Serif", u"Times New Roman"}};
+  MemorySettings settings;
+  HeadlessFrontend frontend{script, fonts};
+  Runtime runtime{frontend, settings, u"Tessaly"};
+  Recorder log;
+  Harness() { runtime.SetObserver(&log); }
+};
+
+}  // namespace forms::testing

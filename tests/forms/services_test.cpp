@@ -1,0 +1,117 @@
+// The runtime's services -- message boxes, the font service, settings -- and
+// the script errors of the headless front end.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "forms_harness.hpp"
+
+namespace forms::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+const ControlSpec kFontForm[] = {
+    {.kind = ControlKind::ListBox, .name = "lstRows"},
+    {.kind = ControlKind::CommandButton, .name = "cmdOK", .caption = u"OK"},
+    {.kind = ControlKind::CommonDialog, .name = "dlgFont"},
+};
+
+class ServicesTest : public ::testing::Test {
+ protected:
+  // Runs the form with `actions` and returns the script error's words.
+  std::string ScriptErrorOf(std::initializer_list<UserAction> actions) {
+    for (const auto& a : actions) h.script.Add(a);
+    try {
+      form.Show();
+    } catch (const ScriptError& e) {
+      form.Unload();  // the failed script leaves it shown
+      return e.what();
+    }
+    return "no error";
+  }
+  Harness h;
+  TableForm form{h.runtime, "frmFont", u"Font", kFontForm};
+  CommonDialog& dialog = form.Get<CommonDialog>("dlgFont");
+};
+
+TEST_F(ServicesTest, MessageBoxShowsTheAppTitleUnlessGivenOne) {
+  struct Seen : Recorder {
+    std::vector<std::string> titles;
+    void MessageBoxShown(const MessageBox& box, std::int32_t answer) override {
+      titles.push_back(vb::ToUtf8(box.title) + (box.title_given ? " given" : " default"));
+      Recorder::MessageBoxShown(box, answer);
+    }
+  } seen;
+  h.runtime.SetObserver(&seen);
+  h.script.Add(Answered(vbCancel)).Add(Answered(vbNo));
+  EXPECT_EQ(h.runtime.MsgBox(u"Discard?\nAll of it.", vbOKCancel | vbQuestion), vbCancel);
+  EXPECT_EQ(h.runtime.MsgBox(u"Sure?", vbYesNo, u"Remove"), vbNo);
+  EXPECT_THAT(seen.titles, ElementsAre("Tessaly default", "Remove given"));
+  EXPECT_THAT(h.script.Asked(), ElementsAre("message box 'Discard?'", "message box 'Sure?'"));
+  EXPECT_EQ(seen.lines.back(), "msgbox 'Sure?' No");
+}
+
+TEST_F(ServicesTest, AnAnswerMustBeAButtonOfTheBox) {
+  h.script.Add(Answered(vbYes));
+  try {
+    h.runtime.MsgBox(u"Go on?", vbOKCancel);
+    ADD_FAILURE() << "Yes accepted";
+  } catch (const ScriptError& e) {
+    EXPECT_STREQ(e.what(),
+                 "script:1: answer 'Yes' is no button of message box 'Go on?' (OK, Cancel)");
+  }
+  h.script.Add(Clicked("cmdOK"));
+  EXPECT_THROW(h.runtime.MsgBox(u"Done"), ScriptError) << "a click while a message box waits";
+}
+
+TEST_F(ServicesTest, FontChoiceSetsOnlyTheGivenFields) {
+  dialog.FontName = u"Arial";
+  dialog.FontSize = 10;
+  dialog.FontBold = true;
+  form.Get<CommandButton>("cmdOK").Click = [this](Control&) {
+    dialog.ShowFont();
+    dialog.ShowFont();
+    form.Hide();
+  };
+  UserAction choose = Action(UserAction::Type::FontChoose);
+  choose.font_name = u"Courier New";
+  choose.font_italic = true;
+  h.script.Add(Clicked("cmdOK")).Add(choose).Add(FontCancelled());
+  form.Show();
+  EXPECT_EQ(dialog.FontName, u"Courier New");
+  EXPECT_EQ(dialog.FontSize, 10.0F);
+  EXPECT_TRUE(dialog.FontBold);
+  EXPECT_TRUE(dialog.FontItalic);
+  EXPECT_THAT(h.log.lines,
+              ::testing::IsSupersetOf({"font ok Courier New", "font cancel Courier New"}));
+}
+
+TEST_F(ServicesTest, AFontTheSystemLacksIsAScriptError) {
+  form.Get<CommandButton>("cmdOK").Click = [this](Control&) { dialog.ShowFont(); };
+  UserAction choose = Action(UserAction::Type::FontChoose);
+  choose.font_name = u"Dejavu Sanz";
+  const std::string error = ScriptErrorOf({Clicked("cmdOK"), choose});
+  EXPECT_THAT(error, HasSubstr("script:2: no font family 'Dejavu Sanz'"));
+  EXPECT_THAT(error, HasSubstr("'DejaVu Sans', 'DejaVu Serif'"));
+  EXPECT_EQ(dialog.FontName, u"");
+}
+
+TEST_F(ServicesTest, ScriptErrorsNameWhatWasWrongAndWhere) {
+  EXPECT_EQ(ScriptErrorOf({Clicked("cmdNope")}), "script:1: no control 'cmdNope' on frmFont");
+  EXPECT_THAT(ScriptErrorOf({Ticked("cmdOK", 0)}), HasSubstr("no list box 'cmdOK'"));
+  EXPECT_THAT(ScriptErrorOf({Ticked("lstRows", 0)}), HasSubstr("row 0 is not in frmFont/lstRows"));
+  EXPECT_EQ(ScriptErrorOf({Answered(vbOK)}),
+            "script:4: an answer does not fit: dialog 'Font' waits for the user");
+}
+
+TEST_F(ServicesTest, SettingsGoToTheStoreAndAreReported) {
+  EXPECT_EQ(h.runtime.GetSetting(u"App", u"Sec", u"Key", u"dflt"), u"dflt");
+  h.runtime.SaveSetting(u"App", u"Sec", u"Key", u"v");
+  EXPECT_EQ(h.runtime.GetSetting(u"App", u"Sec", u"Key", u"dflt"), u"v");
+  EXPECT_THAT(h.log.lines,
+              ElementsAre("read Key=dflt default", "write Key=v", "read Key=v stored"));
+}
+
+}  // namespace
+}  // namespace forms::testing

@@ -1,0 +1,334 @@
+#include "forms/settings_store.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "vb/failure.hpp"
+
+namespace forms {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadAll(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::ostringstream out;
+  out << in.rdbuf();
+  return out.str();
+}
+
+void WriteAll(const fs::path& file, const std::string& bytes) {
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+// Each test gets a fresh folder of its own; the real home is never touched.
+class SettingsStoreFileTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "tessaly-store-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    dir_ = pattern;
+    file_ = dir_ / "settings.json";
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  // Names in the folder, to prove no temporary file is left behind.
+  std::set<std::string> Listing() const {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(dir_)) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  // The failure `action` throws, as number and UTF-8 description.
+  template <typename Action>
+  static std::pair<std::int32_t, std::string> FailureOf(Action action) {
+    try {
+      action();
+    } catch (const vb::Failure& failure) {
+      return {failure.Number(), failure.what()};
+    }
+    return {0, "no failure"};
+  }
+
+  fs::path dir_;
+  fs::path file_;
+};
+
+class SettingsStoreRoundTripTest : public SettingsStoreFileTest,
+                                   public ::testing::WithParamInterface<vb::Text> {};
+
+TEST_P(SettingsStoreRoundTripTest, ReadsBackExactly) {
+  FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", GetParam());
+  EXPECT_EQ(FileSettingsStore(file_).Get(u"Tessaly", u"Fonts", u"Name"), GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, SettingsStoreRoundTripTest,
+                         ::testing::Values(u"", u"MS Sans Serif", u"Grüße, €5",
+                                           u"emoji \U0001F600 pair", u"quote \" slash \\ tab \t",
+                                           u"two\r\nlines"));
+
+TEST_F(SettingsStoreFileTest, FileIsReadableJsonInWritingOrder) {
+  FileSettingsStore store(file_);
+  store.Save(u"Tessaly", u"Prompts", u"TextBox", u"True");
+  store.Save(u"Tessaly", u"Fonts", u"Name", u"Grüße");
+  store.Save(u"Tessaly", u"Prompts", u"Label", u"False");
+  EXPECT_EQ(ReadAll(file_),
+            "{\n"
+            "  \"Tessaly\": {\n"
+            "    \"Prompts\": {\n"
+            "      \"TextBox\": \"True\",\n"
+            "      \"Label\": \"False\"\n"
+            "    },\n"
+            "    \"Fonts\": {\n"
+            "      \"Name\": \"Grüße\"\n"
+            "    }\n"
+            "  }\n"
+            "}\n");
+  EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
+}
+
+TEST_F(SettingsStoreFileTest, MissingFileStoresNothingUntilSaveMakesIt) {
+  FileSettingsStore store(dir_ / "a" / "b" / "settings.json");
+  EXPECT_EQ(store.Get(u"Tessaly", u"Fonts", u"Size"), std::nullopt);
+  EXPECT_FALSE(fs::exists(dir_ / "a"));
+  store.Save(u"Tessaly", u"Fonts", u"Size", u"8");
+  EXPECT_EQ(store.Get(u"Tessaly", u"Fonts", u"Size"), u"8");
+
+  WriteAll(file_, "");  // an empty file holds nothing either
+  EXPECT_EQ(FileSettingsStore(file_).Get(u"Tessaly", u"Fonts", u"Size"), std::nullopt);
+}
+
+TEST_F(SettingsStoreFileTest, NamesMatchIgnoringAsciiCaseAndKeepFirstSpelling) {
+  FileSettingsStore store(file_);
+  store.Save(u"Tessaly", u"Fonts", u"Name", u"Arial");
+  EXPECT_EQ(store.Get(u"TESSALY", u"fonts", u"nAME"), u"Arial");
+
+  store.Save(u"tessaly", u"FONTS", u"NAME", u"Courier");
+  EXPECT_EQ(store.Get(u"Tessaly", u"Fonts", u"Name"), u"Courier");
+  EXPECT_EQ(ReadAll(file_),
+            "{\n  \"Tessaly\": {\n    \"Fonts\": {\n      \"Name\": \"Courier\"\n"
+            "    }\n  }\n}\n");
+
+  // Only ASCII letters fold: other letters are different names.
+  store.Save(u"Tessaly", u"Fonts", u"Ä", u"upper");
+  EXPECT_EQ(store.Get(u"Tessaly", u"Fonts", u"ä"), std::nullopt);
+}
+
+// Writers with their own store objects, in other processes or other threads,
+// each write keys of their own; none may be lost.
+enum class Writers { kProcesses, kThreads };
+
+class SettingsStoreConcurrencyTest : public SettingsStoreFileTest,
+                                     public ::testing::WithParamInterface<Writers> {
+ protected:
+  static constexpr int kWriters = 2;
+  static constexpr int kKeys = 200;
+
+  static bool WriteKeys(const fs::path& file, int writer) {
+    try {
+      FileSettingsStore store(file);
+      for (int i = 0; i < kKeys; ++i) {
+        const std::string key = "W" + std::to_string(writer) + "K" + std::to_string(i);
+        store.Save(u"Tessaly", u"Race", vb::FromUtf8(key), vb::FromUtf8(std::to_string(i)));
+      }
+      return true;
+    } catch (const vb::Failure&) {
+      return false;
+    }
+  }
+};
+
+TEST_P(SettingsStoreConcurrencyTest, WritersOfDifferentKeysLoseNone) {
+  if (GetParam() == Writers::kProcesses) {
+    std::vector<pid_t> children;
+    for (int w = 0; w < kWriters; ++w) {
+      pid_t pid = ::fork();
+      ASSERT_GE(pid, 0);
+      if (pid == 0) ::_exit(WriteKeys(file_, w) ? 0 : 1);
+      children.push_back(pid);
+    }
+    for (pid_t pid : children) {
+      int status = 0;
+      ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+  } else {
+    bool ok[kWriters] = {};
+    std::vector<std::thread> threads;
+    for (int w = 0; w < kWriters; ++w) {
+      threads.emplace_back([&, w] { ok[w] = WriteKeys(file_, w); });
+    }
+    for (auto& t : threads) t.join();
+    for (bool b : ok) EXPECT_TRUE(b);
+  }
+
+  FileSettingsStore store(file_);
+  for (int w = 0; w < kWriters; ++w) {
+    for (int i = 0; i < kKeys; ++i) {
+      const std::string key = "W" + std::to_string(w) + "K" + std::to_string(i);
+      ASSERT_EQ(store.Get(u"Tessaly", u"Race", vb::FromUtf8(key)), vb::FromUtf8(std::to_string(i)))
+          << key;
+    }
+  }
+  EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, SettingsStoreConcurrencyTest,
+                         ::testing::Values(Writers::kProcesses, Writers::kThreads),
+                         [](const auto& p) {
+                           return p.param == Writers::kProcesses ? "Processes" : "Threads";
+                         });
+
+// A bad file: what it holds and the words after "cannot be read: ".
+struct BadFile {
+  std::string bytes;
+  std::string reason_start;
+};
+
+class SettingsStoreBadFileTest : public SettingsStoreFileTest,
+                                 public ::testing::WithParamInterface<BadFile> {};
+
+TEST_P(SettingsStoreBadFileTest, FailsNamingFileAndPlaceAndKeepsTheBytes) {
+  WriteAll(file_, GetParam().bytes);
+  const std::string prefix = "The settings file " + file_.string() + " cannot be read: ";
+
+  auto [get_number, get_words] =
+      FailureOf([&] { FileSettingsStore(file_).Get(u"Tessaly", u"Fonts", u"Name"); });
+  EXPECT_EQ(get_number, vb::kBadFileFormat);
+  EXPECT_EQ(get_words.substr(0, prefix.size() + GetParam().reason_start.size()),
+            prefix + GetParam().reason_start)
+      << get_words;
+
+  auto [save_number, save_words] =
+      FailureOf([&] { FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"Arial"); });
+  EXPECT_EQ(save_number, vb::kBadFileFormat);
+  EXPECT_EQ(save_words, get_words);
+  EXPECT_EQ(ReadAll(file_), GetParam().bytes);
+  EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, SettingsStoreBadFileTest,
+    ::testing::Values(
+        BadFile{"{\n  \"Tessaly\": {\n    \"Fonts\": x\n  }\n}\n",
+                "line 3, column 14: syntax error"},
+        // Columns count characters: "é" is two bytes but one column.
+        BadFile{"{\"é\": x}", "line 1, column 7: "},
+        BadFile{"{\n  \"Tessaly\": {\n", "line 3, column 1: syntax error"},
+        BadFile{"{\"a\": \"\xff\"}", "line 1, column 8: "},
+        BadFile{"[]", "the file holds a list where a group of applications belongs"},
+        BadFile{"{\"Tessaly\": \"x\"}", "\"Tessaly\" is text where a group of sections belongs"},
+        BadFile{"{\"Tessaly\": {\"Fonts\": {\"Size\": 8}}}",
+                "\"Tessaly\" / \"Fonts\" / \"Size\" is a number where text belongs"}));
+
+TEST_F(SettingsStoreFileTest, UnreadableFileFailsWithTheOsError) {
+  const std::string prefix = "The settings file " + file_.string();
+  fs::create_directory(file_);  // a folder where the file should be
+  EXPECT_EQ(FailureOf([&] { FileSettingsStore(file_).Get(u"A", u"B", u"C"); }),
+            std::make_pair(std::int32_t{vb::kPathFileAccess},
+                           prefix + " cannot be read: Is a directory"));
+
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser reads any file";
+  fs::remove(file_);
+  WriteAll(file_, "{}");
+  fs::permissions(file_, fs::perms::none);
+  EXPECT_EQ(FailureOf([&] { FileSettingsStore(file_).Get(u"A", u"B", u"C"); }),
+            std::make_pair(std::int32_t{vb::kPathFileAccess},
+                           prefix + " cannot be opened: Permission denied"));
+}
+
+// A write that fails half-way (here: the file size limit) leaves the old file
+// whole and no temporary file behind.
+TEST_F(SettingsStoreFileTest, FailedWriteKeepsTheOldFile) {
+  FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"Arial");
+  const std::string before = ReadAll(file_);
+
+  pid_t pid = ::fork();
+  ASSERT_GE(pid, 0);
+  if (pid == 0) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{16, 16};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    try {
+      FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"A much longer name");
+    } catch (const vb::Failure& failure) {
+      ::_exit(failure.Number() == vb::kPathFileAccess ? 0 : 2);
+    }
+    ::_exit(1);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+  EXPECT_EQ(ReadAll(file_), before);
+  EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
+}
+
+TEST_F(SettingsStoreFileTest, ReplacingKeepsPermissionsAndSymbolicLinks) {
+  fs::create_directory(dir_ / "dotfiles");
+  const fs::path real = dir_ / "dotfiles" / "settings.json";
+  WriteAll(real, "{}");
+  fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::create_symlink(real, file_);
+
+  FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"Arial");
+  EXPECT_TRUE(fs::is_symlink(file_));
+  EXPECT_EQ(FileSettingsStore(real).Get(u"Tessaly", u"Fonts", u"Name"), u"Arial");
+  EXPECT_EQ(fs::status(real).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+struct PathCase {
+  const char* xdg;  // nullptr: unset
+  const char* expected;
+};
+
+// Sets HOME and XDG_CONFIG_HOME for one case and puts them back after.
+class SettingsStoreDefaultPathTest : public ::testing::TestWithParam<PathCase> {
+ protected:
+  static constexpr const char* kNames[] = {"HOME", "XDG_CONFIG_HOME"};
+  void SetUp() override {
+    for (const char* name : kNames) {
+      const char* value = std::getenv(name);
+      saved_.push_back(value ? std::optional<std::string>(value) : std::nullopt);
+    }
+  }
+  void TearDown() override {
+    for (std::size_t i = 0; i < saved_.size(); ++i) Put(kNames[i], saved_[i]);
+  }
+  static void Put(const char* name, std::optional<std::string> value) {
+    value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
+  }
+  std::vector<std::optional<std::string>> saved_;
+};
+
+TEST_P(SettingsStoreDefaultPathTest, FollowsXdgConfigHomeThenHome) {
+  Put("HOME", "/home/ann");
+  Put("XDG_CONFIG_HOME",
+      GetParam().xdg ? std::optional<std::string>(GetParam().xdg) : std::nullopt);
+  EXPECT_EQ(FileSettingsStore::DefaultPath(), fs::path(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Env, SettingsStoreDefaultPathTest,
+    ::testing::Values(PathCase{"/cfg", "/cfg/tessaly/settings.json"},
+                      PathCase{nullptr, "/home/ann/.config/tessaly/settings.json"},
+                      PathCase{"", "/home/ann/.config/tessaly/settings.json"},
+                      PathCase{"relative/cfg", "/home/ann/.config/tessaly/settings.json"}));
+
+}  // namespace
+}  // namespace forms

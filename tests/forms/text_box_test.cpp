@@ -1,0 +1,165 @@
+// Text boxes: KeyPress filtering, Change on every change, MaxLength, the
+// selection and the editing keys.
+#include <gtest/gtest.h>
+
+#include "forms_harness.hpp"
+#include "vb/failure.hpp"
+
+namespace forms::testing {
+namespace {
+
+const ControlSpec kEditor[] = {
+    {.kind = ControlKind::TextBox, .name = "txtValue"},
+    {.kind = ControlKind::TextBox, .name = "txtCode", .max_length = 5},
+};
+
+// The kind of filter a dialog puts on a numeric field.
+void DigitsOnly(Control&, KeyPressArgs& args) {
+  const bool digit = args.KeyAscii >= '0' && args.KeyAscii <= '9';
+  if (!digit && args.KeyAscii != 8) args.KeyAscii = 0;
+}
+
+class TextBoxTest : public ::testing::Test {
+ protected:
+  TextBoxTest() {
+    for (TextBox* t : {&value, &code}) t->Change = [this](Control&) { ++changes; };
+    form.Show(0);
+  }
+  Harness h;
+  TableForm form{h.runtime, "frmEditor", u"Editor", kEditor};
+  TextBox& value = form.Get<TextBox>("txtValue");
+  TextBox& code = form.Get<TextBox>("txtCode");
+  int changes = 0;
+};
+
+struct FilterCase {
+  std::u16string typed;
+  std::u16string text;
+  int changes;
+};
+void PrintTo(const FilterCase& c, std::ostream* os) { *os << vb::ToUtf8(c.typed); }
+
+class DigitFilterTest : public TextBoxTest, public ::testing::WithParamInterface<FilterCase> {};
+
+TEST_P(DigitFilterTest, KeepsOnlyWhatThePressRoutineLetsThrough) {
+  value.KeyPress = DigitsOnly;
+  for (char16_t ch : GetParam().typed) form.UserChar(ch);
+  EXPECT_EQ(value.Text(), GetParam().text);
+  EXPECT_EQ(changes, GetParam().changes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, DigitFilterTest,
+    ::testing::Values(FilterCase{u"123", u"123", 3}, FilterCase{u"1a2-b", u"12", 2},
+                      FilterCase{u"abc", u"", 0}, FilterCase{u"12\b3", u"13", 4},
+                      FilterCase{u"\b\b", u"", 0}, FilterCase{u"4\t\r5", u"45", 2}));
+
+TEST_F(TextBoxTest, APressRoutineMayReplaceTheKey) {
+  value.KeyPress = [](Control&, KeyPressArgs& a) {
+    if (a.KeyAscii >= 'a' && a.KeyAscii <= 'z') a.KeyAscii -= 32;
+  };
+  for (char16_t ch : std::u16string(u"ab1")) form.UserChar(ch);
+  EXPECT_EQ(value.Text(), u"AB1");
+}
+
+TEST_F(TextBoxTest, ChangeComesWithEveryChangeIncludingCode) {
+  value.SetText(u"hello");
+  value.SetText(u"hello");
+  EXPECT_EQ(changes, 1) << "assigning the same text is no change";
+  EXPECT_EQ(value.SelStart(), 0);
+  value.MoveCaret(5, false);
+  form.UserKey(Key::Delete);  // nothing after the caret
+  form.UserKey(Key::Backspace);
+  form.UserPaste(u"p!");
+  EXPECT_EQ(value.Text(), u"hellp!");
+  EXPECT_EQ(changes, 3);
+}
+
+TEST_F(TextBoxTest, EditingKeysWorkOnTheSelection) {
+  value.SetText(u"abcdef");
+  value.SetSelStart(1);
+  value.SetSelLength(3);
+  EXPECT_EQ(value.SelText(), u"bcd");
+  form.UserKey(Key::Right);
+  EXPECT_EQ(value.SelStart(), 4) << "Right collapses the selection to its end";
+  value.MoveCaret(2, true);
+  EXPECT_EQ(value.SelText(), u"cd") << "Shift extends from the caret";
+  value.MoveCaret(5, true);
+  EXPECT_EQ(value.SelText(), u"e") << "the anchor stays put";
+  form.UserKey(Key::Delete);
+  EXPECT_EQ(value.Text(), u"abcdf");
+  form.UserKey(Key::Home);
+  form.UserChar(u'>');
+  form.UserKey(Key::End);
+  form.UserKey(Key::Left);
+  form.UserKey(Key::Backspace);
+  EXPECT_EQ(value.Text(), u">abcf");
+}
+
+TEST_F(TextBoxTest, SelectionIsClampedToTheText) {
+  value.SetText(u"abc");
+  value.SetSelStart(10);
+  EXPECT_EQ(value.SelStart(), 3);
+  value.SetSelLength(1);
+  EXPECT_EQ(value.SelLength(), 0) << "at the end there is nothing to select";
+  value.SetSelStart(1);
+  value.SetSelLength(10);
+  EXPECT_EQ(value.SelLength(), 2);
+  value.SetSelStart(2);
+  EXPECT_EQ(value.SelLength(), 0) << "a new start is an insertion point";
+  try {
+    value.SetSelStart(-1);
+    ADD_FAILURE() << "negative start accepted";
+  } catch (const vb::Failure& f) {
+    EXPECT_EQ(f.Number(), vb::kInvalidPropertyValue);
+  }
+}
+
+TEST_F(TextBoxTest, DisabledBoxTakesNoInput) {
+  value.SetEnabled(false);
+  value.TypeChar(u'x');
+  value.Paste(u"y");
+  EXPECT_EQ(value.Text(), u"");
+  EXPECT_EQ(changes, 0);
+}
+
+struct LimitCase {
+  const char* name;
+  std::u16string text;  // set by code, so it may exceed the limit
+  std::int32_t sel_start, sel_length;
+  bool paste;
+  std::u16string input;
+  std::u16string expected;
+};
+void PrintTo(const LimitCase& c, std::ostream* os) { *os << c.name; }
+
+class MaxLengthTest : public TextBoxTest, public ::testing::WithParamInterface<LimitCase> {};
+
+TEST_P(MaxLengthTest, InsertsOnlyWhatFits) {
+  const LimitCase& c = GetParam();
+  code.SetFocus();
+  code.SetText(c.text);
+  code.SetSelStart(c.sel_start);
+  code.SetSelLength(c.sel_length);
+  if (c.paste) {
+    form.UserPaste(c.input);
+  } else {
+    for (char16_t ch : c.input) form.UserChar(ch);
+  }
+  EXPECT_EQ(code.Text(), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, MaxLengthTest,
+    ::testing::Values(LimitCase{"TypingStopsAtTheLimit", u"", 0, 0, false, u"abcdefg", u"abcde"},
+                      LimitCase{"TypingIntoAFullBox", u"abcde", 2, 0, false, u"x", u"abcde"},
+                      LimitCase{"TypingOverASelection", u"abcde", 1, 2, false, u"x", u"axde"},
+                      LimitCase{"PasteIsCutToTheRoom", u"ab", 1, 0, true, u"123456", u"a123b"},
+                      LimitCase{"PasteOverEverything", u"abcde", 0, 5, true, u"1234567", u"12345"},
+                      LimitCase{"CodeMayExceedTheLimit", u"abcdefg", 7, 0, true, u"x", u"abcdefg"},
+                      LimitCase{"TypingWhenCodeExceeded", u"abcdefg", 7, 0, false, u"x",
+                                u"abcdefg"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace forms::testing

@@ -48,6 +48,13 @@ frmAddInOptions::frmAddInOptions(forms::Runtime& runtime, Globals& globals)
 }
 
 void frmAddInOptions::Form_Load() {
+  if (globals_.CtlNames.empty()) {
+    // The settings never loaded: none of the flags is known, so the dialog
+    // shows no rows and leaves the check boxes alone rather than store
+    // values that were never read.
+    Get<forms::TextBox>("txtFont").SetText(Setting(GetRuntime(), u"FontName", kDefaultFontName));
+    return;
+  }
   auto& list = Get<forms::ListBox>("lstControls");
   for (std::size_t i = 0; i < globals_.CtlNames.size(); ++i) {
     list.AddItem(globals_.CtlNames[i]);

@@ -5,8 +5,9 @@
 // The list is saved by OK only; the two check boxes and the font are stored
 // the moment they change, so closing the dialog any other way keeps them but
 // loses changes to the list. If the control names were never loaded (the
-// settings failed to load at connection), the list comes up empty and OK
-// stores nothing: there is no row whose flag is known.
+// settings failed to load at connection), the list comes up empty, the check
+// boxes are not set from flags that were never read (so opening the dialog
+// stores nothing), and OK stores nothing: there is no row whose flag is known.
 #pragma once
 
 #include "forms/form.hpp"

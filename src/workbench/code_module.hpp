@@ -3,6 +3,16 @@
 //
 // Lines count from 1. Members follow every edit at once. Every edit is reported
 // to the module's edit listener (for traces) before the call returns.
+//
+// Added text is split at CR LF, LF or CR as the exact inverse of Lines: a text
+// with n line ends gives n + 1 lines, so a line end at the very end gives an
+// empty last line and an empty text one empty line. That way any text read
+// with Lines becomes the same lines again -- all but the "" of an empty module,
+// which is also the text of a module of one empty line and reads as that one.
+// AddFromString appends after the last
+// line (an empty module simply takes the lines); it does not look for the end of
+// the declarations section. FromText reads a file's text instead: there a line
+// end closes its line, so a final one adds no empty line and "" is no line.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +30,13 @@ namespace workbench {
 struct CodeEdit {
   enum class Op { DeleteLines, AddFromString, InsertLines, ReplaceAll };
   Op op;
-  std::int32_t first = 0;   // first line affected
-  std::int32_t count = 0;   // lines removed (DeleteLines) or added
-  vb::Text text;            // text added, if any
+  std::int32_t first = 0;  // first line affected
+  std::int32_t count = 0;  // lines removed (DeleteLines) or added
+  vb::Text text;           // text added, if any
 };
+
+class MemberTable;
+struct CodeModuleState;
 
 class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<CodeModule> {
  public:
@@ -33,7 +46,7 @@ class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<C
   static std::shared_ptr<CodeModule> FromText(vb::Text name, const vb::Text& text);
 
   const vb::Text& Name() const { return name_; }
-  const std::vector<vb::Text>& AllLines() const { return lines_; }
+  const std::vector<vb::Text>& AllLines() const;
 
   // ide::CodeModule
   std::int32_t CountOfLines() const override;
@@ -43,18 +56,24 @@ class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<C
   std::shared_ptr<ide::Members> Members() override;
 
   // Inserts lines before line `line` (CountOfLines()+1 appends): the IDE's
-  // "add code" action.
+  // "add code" action. Fails (5) for a line outside 1..CountOfLines()+1.
   void InsertLines(std::int32_t line, const vb::Text& text);
+
+  // The members with their kinds and extents, for edits that remove code. The
+  // table is a snapshot: it stays valid, and unchanged, after later edits.
+  std::shared_ptr<const MemberTable> ScannedMembers() const;
 
   using EditListener = std::function<void(const CodeModule&, const CodeEdit&)>;
   void SetEditListener(EditListener listener) { listener_ = std::move(listener); }
 
  private:
+  void Edited(const CodeEdit& edit);
+
   vb::Text name_;
-  std::vector<vb::Text> lines_;
+  // The lines and the member table built lazily from them. Shared with the
+  // Members collections handed out, which thus follow every edit.
+  std::shared_ptr<CodeModuleState> state_;
   EditListener listener_;
-  // Members cache, rebuilt lazily after an edit.
-  mutable std::shared_ptr<void> members_cache_;
 };
 
 }  // namespace workbench

@@ -1,0 +1,81 @@
+// The members of a code module, found in its text the way the IDE lists them.
+//
+// A member is a procedure (Sub, Function, Property), a module-level variable,
+// constant, Declare statement, Event, Type or Enum. The scan reads the text as
+// the language does: keywords in any case, blanks and tabs as white space,
+// " _" at the end of a line joining the next line, ':' separating statements,
+// and a "'" or Rem starting a comment only outside a string literal. Comment
+// lines, Option and Attribute lines, labels, the inner lines of Type and Enum
+// blocks and everything inside procedure bodies give no member.
+//
+// Promises: members come in order of appearance; the Property procedures of one
+// name (a Get and Let pair, say) are one member at the first one's line; the
+// scan is linear in the size of the text. Lines count from 1.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "vb/text.hpp"
+
+namespace workbench {
+
+enum class MemberKind { Sub, Function, Property, Variable, Constant, Declare, Event, Type, Enum };
+
+// Sub, Function and Property members have bodies closed by an End line.
+bool IsProcedure(MemberKind kind);
+// "Sub", "Function", "Property", "Variable", ... for traces and messages.
+std::string_view MemberKindName(MemberKind kind);
+
+// Where one procedure (or block) sits: its declaration line and its closing
+// line, or none when the module ends (or another procedure begins) first.
+struct CodeExtent {
+  std::int32_t line = 0;
+  std::optional<std::int32_t> end_line;
+
+  friend bool operator==(const CodeExtent&, const CodeExtent&) = default;
+};
+
+struct ScannedMember {
+  vb::Text name;  // as written, without a type character or brackets
+  MemberKind kind = MemberKind::Sub;
+  // Declaration line: the first line of a continued declaration.
+  std::int32_t line = 0;
+  // The "End Sub" / "End Function" / "End Property" line of a procedure (the
+  // declaration line itself for a one-line procedure), the "End Type" /
+  // "End Enum" line of a block; always none for the other kinds.
+  std::optional<std::int32_t> end_line;
+  // The further Property procedures of the same name (a Let after a Get), in
+  // order. The member's own line and end_line are those of the first one.
+  std::vector<CodeExtent> more_parts;
+};
+
+// Scans the lines of a module (without line ends).
+std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines);
+
+// Identifiers compare without regard to case. FoldCase maps the letters of
+// ASCII and Latin-1 (the project files' code page covers these) to lower case.
+vb::Text FoldCase(vb::TextView name);
+
+// The members of one module text, with look-up by name. Immutable: an edited
+// module makes a new table.
+class MemberTable {
+ public:
+  explicit MemberTable(std::span<const vb::Text> lines);
+
+  const std::vector<ScannedMember>& All() const { return members_; }
+  // The first member called `name` in any case, or null.
+  const ScannedMember* Find(vb::TextView name) const;
+
+ private:
+  std::vector<ScannedMember> members_;
+  std::unordered_map<vb::Text, std::size_t> by_folded_name_;
+};
+
+}  // namespace workbench

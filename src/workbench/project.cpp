@@ -1,0 +1,222 @@
+// The project: forms, event sources, refusals, and the JSON dump.
+#include "workbench/project.hpp"
+
+#include <algorithm>
+
+#include "vb/convert.hpp"
+
+namespace workbench {
+
+// An event source the add-in advises. Made for one form or for all; held by
+// the add-in, remembered weakly by the project.
+class ControlsEventSource : public ide::VBControlsEvents {
+ public:
+  explicit ControlsEventSource(const std::shared_ptr<FormComponent>& form)
+      : any_form_(!form), form_(form) {}
+
+  void Advise(ide::VBControlsEventsSink* sink) override {
+    if (sink && !IsAdvised(sink)) sinks_.push_back(sink);
+  }
+  void Unadvise(ide::VBControlsEventsSink* sink) override {
+    sinks_.erase(std::remove(sinks_.begin(), sinks_.end(), sink), sinks_.end());
+  }
+
+  bool Matches(const FormComponent* form) const {
+    return any_form_ || (form && form_.lock().get() == form);
+  }
+  bool IsAdvised(ide::VBControlsEventsSink* sink) const {
+    return std::find(sinks_.begin(), sinks_.end(), sink) != sinks_.end();
+  }
+  std::vector<ide::VBControlsEventsSink*> Sinks() const { return sinks_; }
+
+ private:
+  bool any_form_;
+  std::weak_ptr<FormComponent> form_;
+  std::vector<ide::VBControlsEventsSink*> sinks_;
+};
+
+std::shared_ptr<Project> Project::Create(vb::Text name) {
+  return std::make_shared<Project>(std::move(name));
+}
+
+std::shared_ptr<FormComponent> Project::AddForm(vb::Text name) {
+  auto module = CodeModule::FromText(name, u"");
+  return LoadForm(std::move(name), std::move(module));
+}
+
+std::shared_ptr<FormComponent> Project::LoadForm(vb::Text name,
+                                                 std::shared_ptr<workbench::CodeModule> module) {
+  auto form =
+      std::make_shared<FormComponent>(shared_from_this(), std::move(name), std::move(module));
+  forms_.push_back(form);
+  return form;
+}
+
+std::shared_ptr<FormComponent> Project::FindForm(vb::TextView name) const {
+  for (const auto& form : forms_) {
+    if (SameName(form->FormName(), name)) return form;
+  }
+  return nullptr;
+}
+
+std::optional<vb::Failure> Project::TakeRefusal(const Control& control, vb::TextView property) {
+  constexpr vb::TextView kFontPrefix = u"Font.";
+  const bool font_member = property.size() > kFontPrefix.size() &&
+                           SameName(property.substr(0, kFontPrefix.size()), kFontPrefix);
+  for (auto it = refusals_.begin(); it != refusals_.end(); ++it) {
+    if (!SameName(it->control, control.Name())) continue;
+    if (!SameName(it->property, property) && !(font_member && SameName(it->property, u"Font"))) {
+      continue;
+    }
+    vb::Failure failure(it->number, it->description);
+    if (!it->always) refusals_.erase(it);
+    return failure;
+  }
+  return std::nullopt;
+}
+
+std::shared_ptr<ide::VBControlsEvents> Project::MakeControlsEvents(
+    const std::shared_ptr<FormComponent>& form) {
+  auto source = std::make_shared<ControlsEventSource>(form);
+  // Forget sources the add-in has let go of.
+  std::erase_if(sources_, [](const auto& weak) { return weak.expired(); });
+  sources_.push_back(source);
+  return source;
+}
+
+template <typename Fn>
+void Project::ForEachSink(const std::shared_ptr<Control>& control, Fn fn) {
+  const auto form = control->Form();
+  // Snapshots: a sink may advise, unadvise or make sources while it runs.
+  std::vector<std::shared_ptr<ControlsEventSource>> sources;
+  for (const auto& weak : sources_) {
+    if (auto source = weak.lock(); source && source->Matches(form.get())) {
+      sources.push_back(source);
+    }
+  }
+  for (const auto& source : sources) {
+    for (ide::VBControlsEventsSink* sink : source->Sinks()) {
+      if (source->IsAdvised(sink)) fn(*sink);
+    }
+  }
+}
+
+void Project::RaiseItemAdded(const std::shared_ptr<Control>& control) {
+  if (observer_) observer_->ControlAdded(*control);
+  ForEachSink(control, [&](ide::VBControlsEventsSink& sink) { sink.ItemAdded(control); });
+}
+
+void Project::RaiseItemRemoved(const std::shared_ptr<Control>& control) {
+  if (observer_) observer_->ControlRemoved(*control);
+  ForEachSink(control, [&](ide::VBControlsEventsSink& sink) { sink.ItemRemoved(control); });
+}
+
+void Project::RaiseItemRenamed(const std::shared_ptr<Control>& control, const vb::Text& old_name,
+                               std::int32_t old_index) {
+  if (observer_) observer_->ControlRenamed(*control, old_name, old_index);
+  ForEachSink(control, [&](ide::VBControlsEventsSink& sink) {
+    sink.ItemRenamed(control, old_name, old_index);
+  });
+}
+
+// ---------------------------------------------------------------------------
+// The JSON dump.
+
+namespace {
+
+nlohmann::ordered_json ValueJson(const vb::Value& value) {
+  switch (value.GetKind()) {
+    case vb::Kind::Text:
+      return vb::ToUtf8(value.AsText());
+    case vb::Kind::Boolean:
+      return vb::IsTrue(value.AsBoolean());
+    case vb::Kind::Integer:
+      return value.AsInteger();
+    case vb::Kind::Long:
+      return value.AsLong();
+  }
+  return nullptr;
+}
+
+nlohmann::ordered_json FontJson(const Font& font) {
+  nlohmann::ordered_json json;
+  json["name"] = vb::ToUtf8(font.Name());
+  json["size"] = vb::ToUtf8(vb::SingleToText(font.Size()));
+  json["bold"] = font.Bold();
+  json["italic"] = font.Italic();
+  json["underline"] = font.Underline();
+  json["strikethrough"] = font.Strikethrough();
+  return json;
+}
+
+nlohmann::ordered_json PropertiesJson(const std::vector<PropertySlot>& slots) {
+  nlohmann::ordered_json json = nlohmann::ordered_json::array();
+  for (const PropertySlot& slot : slots) {
+    if (slot.rule && slot.rule->type == PropertyType::Font) continue;  // under "font"
+    nlohmann::ordered_json property;
+    property["name"] = vb::ToUtf8(slot.name);
+    property["value"] = ValueJson(slot.value);
+    property["kind"] = vb::KindName(slot.value.GetKind());
+    json.push_back(std::move(property));
+  }
+  return json;
+}
+
+nlohmann::ordered_json ControlJson(const Control& control) {
+  nlohmann::ordered_json json;
+  json["class"] = vb::ToUtf8(control.ClassName());
+  json["name"] = vb::ToUtf8(control.Name());
+  if (auto index = control.Index()) {
+    json["index"] = *index;
+  } else {
+    json["index"] = nullptr;
+  }
+  if (auto container = control.Container()) {
+    json["container"] = vb::ToUtf8(container->DisplayName());
+  } else {
+    json["container"] = nullptr;
+  }
+  json["properties"] = PropertiesJson(control.Slots());
+  if (const Font* font = control.GetFont()) json["font"] = FontJson(*font);
+  return json;
+}
+
+nlohmann::ordered_json CodeJson(workbench::CodeModule& module) {
+  nlohmann::ordered_json json;
+  json["lines"] = module.CountOfLines();
+  nlohmann::ordered_json members = nlohmann::ordered_json::array();
+  if (auto all = module.Members()) {
+    for (const auto& member : all->All()) {
+      members.push_back({{"name", vb::ToUtf8(member->Name())}, {"line", member->CodeLocation()}});
+    }
+  }
+  json["members"] = std::move(members);
+  return json;
+}
+
+}  // namespace
+
+nlohmann::ordered_json DumpProject(const Project& project) {
+  nlohmann::ordered_json json;
+  json["name"] = vb::ToUtf8(project.Name());
+  nlohmann::ordered_json forms = nlohmann::ordered_json::array();
+  for (const auto& form : project.Forms()) {
+    nlohmann::ordered_json form_json;
+    form_json["name"] = vb::ToUtf8(form->FormName());
+    form_json["properties"] = PropertiesJson(form->FormSlots());
+    form_json["font"] = FontJson(form->FormFont());
+    nlohmann::ordered_json controls = nlohmann::ordered_json::array();
+    for (const auto& control : form->Controls()) controls.push_back(ControlJson(*control));
+    form_json["controls"] = std::move(controls);
+    if (auto module = form->Module()) {
+      form_json["code"] = CodeJson(*module);
+    } else {
+      form_json["code"] = nullptr;
+    }
+    forms.push_back(std::move(form_json));
+  }
+  json["forms"] = std::move(forms);
+  return json;
+}
+
+}  // namespace workbench

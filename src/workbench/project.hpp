@@ -1,0 +1,101 @@
+// A project open in the workbench: its name, its forms in order, the
+// observer that hears every write and event, the control-event sources the
+// add-in advised, and refusals injected by tests.
+//
+// Control events (ItemAdded, ItemRemoved, ItemRenamed) are raised
+// synchronously on every advised sink of every VBControlsEvents source of
+// this project whose form matches (or that was made for any form), sources
+// in the order they were made, sinks in the order they were advised. A sink
+// may unadvise while an event runs; it is then not called again.
+//
+// DumpProject gives the JSON the session's "dump" action prints.
+#pragma once
+
+#include <any>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "ide/object_model.hpp"
+#include "vb/failure.hpp"
+#include "vb/text.hpp"
+#include "workbench/form_component.hpp"
+#include "workbench/ide_observer.hpp"
+
+namespace workbench {
+
+// "Refuse the next (or every) write of `property` on `control`": matched by
+// the control's name as it is at write time (any case, any index) and the
+// property name (any case). A property "Font" also matches every write to
+// that control's font object.
+struct Refusal {
+  vb::Text control;
+  vb::Text property;
+  vb::Text description;
+  std::int32_t number = vb::kInvalidPropertyValue;
+  bool always = false;  // false: only the next matching write
+};
+
+class ControlsEventSource;
+
+class Project : public ide::Object, public std::enable_shared_from_this<Project> {
+ public:
+  // A project must be owned by a shared pointer (its forms point back to
+  // it weakly): make it with Create.
+  static std::shared_ptr<Project> Create(vb::Text name);
+  explicit Project(vb::Text name) : name_(std::move(name)) {}
+
+  const vb::Text& Name() const { return name_; }
+  void SetName(vb::Text name) { name_ = std::move(name); }
+
+  const std::vector<std::shared_ptr<FormComponent>>& Forms() const { return forms_; }
+  // A new form whose code module holds nothing.
+  std::shared_ptr<FormComponent> AddForm(vb::Text name);
+  // A form as a file gives it; `module` may be null (no code).
+  std::shared_ptr<FormComponent> LoadForm(vb::Text name,
+                                          std::shared_ptr<workbench::CodeModule> module);
+  // The form called `name` (any case), or null.
+  std::shared_ptr<FormComponent> FindForm(vb::TextView name) const;
+
+  // Opaque per-project data of the file reader (the .vbp's lines).
+  std::any& FileData() { return file_data_; }
+  const std::any& FileData() const { return file_data_; }
+
+  // The observer, or null. Not owned; must outlive its use.
+  void SetObserver(IdeObserver* observer) { observer_ = observer; }
+  IdeObserver* Observer() const { return observer_; }
+
+  void InjectRefusal(Refusal refusal) { refusals_.push_back(std::move(refusal)); }
+  void ClearRefusals() { refusals_.clear(); }
+  // The failure injected for this write, if any (a one-shot refusal is used up).
+  std::optional<vb::Failure> TakeRefusal(const Control& control, vb::TextView property);
+
+  // An event source for the controls of `form` (null: of every form).
+  std::shared_ptr<ide::VBControlsEvents> MakeControlsEvents(
+      const std::shared_ptr<FormComponent>& form);
+  void RaiseItemAdded(const std::shared_ptr<Control>& control);
+  void RaiseItemRemoved(const std::shared_ptr<Control>& control);
+  void RaiseItemRenamed(const std::shared_ptr<Control>& control, const vb::Text& old_name,
+                        std::int32_t old_index);
+
+ private:
+  template <typename Fn>
+  void ForEachSink(const std::shared_ptr<Control>& control, Fn fn);
+
+  vb::Text name_;
+  std::vector<std::shared_ptr<FormComponent>> forms_;
+  std::any file_data_;
+  IdeObserver* observer_ = nullptr;
+  std::vector<Refusal> refusals_;
+  std::vector<std::weak_ptr<ControlsEventSource>> sources_;
+};
+
+// The project as JSON: name; forms with name, code line count and members
+// (name, line) when the form has code; controls with class, name, index
+// (null when none), container, every property with value and kind, and font.
+nlohmann::ordered_json DumpProject(const Project& project);
+
+}  // namespace workbench

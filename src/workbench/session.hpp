@@ -1,0 +1,92 @@
+// A session: the workbench IDE, the forms runtime with the headless front end,
+// the settings store and an add-in, driven by a script of IDE and user actions,
+// with everything recorded in a trace.
+//
+// IDE actions run when their line is reached. When the add-in shows a dialog,
+// a message box or the font service, the front end takes the following lines
+// as the user's actions until it closes; an IDE action while something waits
+// for the user, or a user action while nothing does, is an error in the
+// script and ends the session. A failure that comes out of an IDE action (the
+// add-in's event failed, or the IDE refused the action) is recorded as a
+// "failure" event and the session goes on.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <stdexcept>
+#include <vector>
+
+#include "forms/font_catalog.hpp"
+#include "forms/headless.hpp"
+#include "forms/runtime.hpp"
+#include "forms/settings_store.hpp"
+#include "ide/addin.hpp"
+#include "workbench/ide.hpp"
+#include "workbench/session_script.hpp"
+#include "workbench/trace.hpp"
+
+namespace workbench {
+
+// An error in the script or in what it asks for: it names the line.
+class SessionError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct SessionOptions {
+  // Relative paths in the script are taken from here.
+  std::filesystem::path base_dir = ".";
+  // The settings store's file.
+  std::filesystem::path settings_file;
+  std::ostream* transcript = nullptr;
+  std::ostream* trace = nullptr;
+  IdeOptions ide;
+  // How to make the add-in, given the session's forms runtime.
+  std::function<ide::AddInFactory(forms::Runtime&)> addin;
+  // Font families; the system's (fontconfig) when null.
+  forms::FontCatalog* fonts = nullptr;
+  // What a message box shows when its caller gives no title.
+  vb::Text app_title = u"Vorrel";
+};
+
+class Session : private forms::ActionSource {
+ public:
+  explicit Session(SessionOptions options);
+  ~Session() override;
+
+  // Runs the lines in order. Throws SessionError for a script error.
+  void Run(const std::vector<ScriptLine>& lines);
+
+  const Trace& GetTrace() const { return trace_; }
+  Ide& GetIde() { return *ide_; }
+  forms::Runtime& GetRuntime() { return runtime_; }
+  std::shared_ptr<FormComponent> CurrentForm() const { return form_; }
+
+ private:
+  std::optional<forms::UserAction> Next(forms::Waiting waiting,
+                                        const std::string& description) override;
+  void RunIde(const ScriptLine& line);
+  void Inspect(const ScriptLine& line);
+  void Enter(const ScriptLine& line);
+  std::shared_ptr<Project> RequireProject(const ScriptLine& line) const;
+  std::shared_ptr<FormComponent> RequireForm(const ScriptLine& line) const;
+  void ListenToModules();
+  std::filesystem::path Resolve(const std::string& path) const;
+
+  SessionOptions options_;
+  std::unique_ptr<forms::FontCatalog> own_fonts_;
+  forms::FileSettingsStore store_;
+  forms::HeadlessFrontend frontend_;
+  forms::Runtime runtime_;
+  Trace trace_;
+  std::shared_ptr<Ide> ide_;
+  std::shared_ptr<FormComponent> form_;
+  const std::vector<ScriptLine>* lines_ = nullptr;
+  std::size_t next_ = 0;
+  std::deque<forms::UserAction> pending_;
+};
+
+}  // namespace workbench

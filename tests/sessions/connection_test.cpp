@@ -1,0 +1,114 @@
+// Connecting the add-in to the IDE, as a user sees it: the menu entry, the
+// settings, and what stands after each way a connection can fail.
+#include "sessions/session_harness.hpp"
+
+namespace sessions {
+namespace {
+
+class ConnectionTest : public SessionTest {};
+
+TEST_F(ConnectionTest, EmptyStoreTurnsEveryFlagOn) {
+  Run(std::string(kConnected) + "disconnect\n");
+  const auto menus = Events("menu_caption");
+  ASSERT_EQ(menus.size(), 1u);
+  EXPECT_EQ(menus[0]["caption"], "&Tessaly Options");
+  EXPECT_EQ(Events("menu_removed").size(), 1u);
+  const auto reads = Events("setting_read");
+  ASSERT_EQ(reads.size(), 19u);
+  for (std::size_t i = 0; i < 17; ++i) {
+    EXPECT_EQ(reads[i]["key"], "UseCtl" + std::to_string(i));
+    EXPECT_EQ(reads[i]["text"], "1");
+    EXPECT_EQ(reads[i]["app"], "Vorrel");
+    EXPECT_EQ(reads[i]["section"], "Options");
+  }
+  EXPECT_EQ(reads[17]["key"], "RemoveCode");
+  EXPECT_EQ(reads[18]["key"], "RenameCode");
+  EXPECT_TRUE(Events("msgbox").empty());
+}
+
+TEST_F(ConnectionTest, ABadStoredFlagIsReportedAndNoControlEventsArrive) {
+  Run("store Vorrel Options UseCtl3 \"perhaps\"\n"
+      "new-project P\nnew-form Form1\nconnect\n"
+      "answer OK\n"
+      "drop CheckBox\n"
+      // The menu still works; the list is empty since the names were never built.
+      "menu \"&Tessaly Options\"\n"
+      "state\n"
+      "click cmdOK\n");
+  const auto boxes = Events("msgbox");
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0]["text"], "Type mismatch");
+  EXPECT_EQ(boxes[0]["buttons"], 0);
+  EXPECT_FALSE(boxes[0]["title_given"].get<bool>());
+  EXPECT_EQ(boxes[0]["title"], "Vorrel");
+  // The load stops at the bad flag: UseCtl4 and the code flags are never read.
+  std::vector<std::string> keys;
+  for (const auto& r : Events("setting_read")) keys.push_back(r["key"]);
+  EXPECT_EQ(keys,
+            (std::vector<std::string>{"UseCtl0", "UseCtl1", "UseCtl2", "UseCtl3", "FontName"}));
+  const auto shown = Events("form_shown");
+  ASSERT_EQ(shown.size(), 1u) << "only the options dialog opens";
+  EXPECT_EQ(shown[0]["caption"], "Tessaly Options");
+  EXPECT_TRUE(Control("lstControls")["rows"].empty());
+  EXPECT_TRUE(Events("setting_written").empty());
+}
+
+TEST_F(ConnectionTest, AnApplicationThatIsNoIdeLeavesNothing) {
+  Run("new-project P\nnew-form Form1\nconnect non-vbe\nanswer OK\ndrop CheckBox\ndisconnect\n");
+  const auto boxes = Events("msgbox");
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0]["text"], "Type mismatch");
+  EXPECT_TRUE(Events("menu_added").empty());
+  EXPECT_TRUE(Events("setting_read").empty());
+  EXPECT_TRUE(Events("form_shown").empty());
+  EXPECT_TRUE(Events("failure").empty()) << "disconnection reports nothing";
+}
+
+TEST_F(ConnectionTest, WithoutAnAddInsBarTheRefusedSubscriptionIsReported) {
+  ide_options_.add_ins_bar = false;
+  Run(std::string(kConnected) + "answer OK\ndrop CheckBox\ndisconnect\n");
+  const auto boxes = Events("msgbox");
+  ASSERT_EQ(boxes.size(), 1u) << "the missing bar itself is silent";
+  EXPECT_EQ(boxes[0]["text"], "Object variable or With block variable not set");
+  EXPECT_TRUE(Events("setting_read").empty()) << "settings are not loaded";
+  EXPECT_TRUE(Events("form_shown").empty());
+}
+
+TEST_F(ConnectionTest, NoProjectOpenLeavesTheMenuWorking) {
+  Run("connect\nanswer OK\nmenu \"&Tessaly Options\"\nclose\n");
+  const auto boxes = Events("msgbox");
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0]["text"], "Object variable or With block variable not set");
+  EXPECT_EQ(Events("setting_read").size(), 19u + 1u) << "settings loaded, then the font name";
+  ASSERT_EQ(Events("form_shown").size(), 1u);
+}
+
+TEST_F(ConnectionTest, EveryConnectModeRunsTheSameSteps) {
+  for (const char* mode : {"startup", "external", "command-line"}) {
+    Run(std::string("new-project P\nnew-form Form1\nconnect ") + mode + "\n");
+    EXPECT_EQ(Events("menu_caption").size(), 1u) << mode;
+    EXPECT_EQ(Events("setting_read").size(), 19u) << mode;
+  }
+}
+
+TEST_F(ConnectionTest, AProjectOpenedLaterGetsNoSubscription) {
+  Run(std::string(kConnected) +
+      "new-project Second\nnew-form Form2\ndrop CheckBox\n"
+      "form Form2\n");
+  EXPECT_TRUE(Events("form_shown").empty());
+  EXPECT_EQ(Events("control_added").size(), 1u);
+}
+
+TEST_F(ConnectionTest, AScriptThatLeavesADialogOpenEndsWithAClearError) {
+  std::string error;
+  Run(std::string(kConnected) + "drop CheckBox\ntype \"x\"\n", &error);
+  EXPECT_NE(error.find("dialog 'New CheckBox Control'"), std::string::npos) << error;
+  Run(std::string(kConnected) + "drop CheckBox\ndrop CheckBox\n", &error);
+  EXPECT_NE(error.find("test:5: 'drop' is an IDE action"), std::string::npos) << error;
+  Run(std::string(kConnected) + "type \"x\"\n", &error);
+  EXPECT_NE(error.find("no dialog, message box or font service is open"), std::string::npos)
+      << error;
+}
+
+}  // namespace
+}  // namespace sessions

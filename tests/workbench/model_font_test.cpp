@@ -1,0 +1,106 @@
+// The font object of a control's Font property.
+#include <gtest/gtest.h>
+
+#include "workbench/model_test_support.hpp"
+
+namespace workbench::testing {
+namespace {
+
+using ide::FontDispId;
+
+struct FontCase {
+  FontDispId id;
+  vb::Value value;
+  const char* stored;  // "kind:text" read back with Get, or null when refused
+};
+
+void PrintTo(const FontCase& c, std::ostream* os) {
+  *os << ide::FontDispIdName(c.id) << " = " << Describe(c.value);
+}
+
+class FontPutTest : public ::testing::TestWithParam<FontCase> {};
+
+TEST_P(FontPutTest, StoresOrRefusesWith380) {
+  const FontCase& c = GetParam();
+  Font font;
+  const Font before = font;
+  const std::int32_t failure = FailureOf([&] { font.Put(c.id, c.value); });
+  if (c.stored) {
+    ASSERT_EQ(failure, 0);
+    EXPECT_EQ(Describe(font.Get(c.id)), c.stored);
+  } else {
+    EXPECT_EQ(failure, vb::kInvalidPropertyValue);
+    EXPECT_EQ(font, before);
+  }
+}
+
+const vb::Value kTrue(vb::Boolean::True);
+
+INSTANTIATE_TEST_SUITE_P(
+    Members, FontPutTest,
+    ::testing::Values(
+        FontCase{FontDispId::Name, vb::Value(u"Arial"), "text:Arial"},
+        FontCase{FontDispId::Name, vb::Value(u""), nullptr},
+        FontCase{FontDispId::Name, vb::Value(static_cast<vb::Integer>(5)), nullptr},
+        FontCase{FontDispId::Size, vb::Value(u"10.5"), "text:10.5"},
+        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Integer>(12)), "text:12"},
+        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Long>(2048)), "text:2048"},
+        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Long>(2049)), nullptr},
+        FontCase{FontDispId::Size, vb::Value(u"0"), nullptr},
+        FontCase{FontDispId::Size, vb::Value(u"-3"), nullptr},
+        FontCase{FontDispId::Size, vb::Value(u"big"), nullptr},
+        FontCase{FontDispId::Size, kTrue, nullptr},
+        FontCase{FontDispId::Bold, kTrue, "boolean:True"},
+        FontCase{FontDispId::Bold, vb::Value(static_cast<vb::Integer>(1)), "boolean:True"},
+        FontCase{FontDispId::Italic, vb::Value(u"true"), "boolean:True"},
+        FontCase{FontDispId::Italic, vb::Value(u"maybe"), nullptr},
+        FontCase{FontDispId::Underline, vb::Value(static_cast<vb::Long>(0)), "boolean:False"},
+        FontCase{FontDispId::Strikethrough, vb::Value(u"-1"), "boolean:True"}));
+
+TEST(FontTest, DefaultsAndBoldFollowsWeight) {
+  Font font;
+  EXPECT_EQ(font.Get(FontDispId::Name), vb::Value(u"MS Sans Serif"));
+  EXPECT_EQ(font.Get(FontDispId::Size), vb::Value(u"8.25"));
+  EXPECT_EQ(font.Size(), 8.25F);
+  EXPECT_FALSE(font.Bold() || font.Italic() || font.Underline() || font.Strikethrough());
+  font.SetWeight(600);
+  EXPECT_TRUE(font.Bold());
+  font.Put(FontDispId::Bold, vb::Value(vb::Boolean::False));
+  EXPECT_EQ(font.Weight(), 400);
+}
+
+TEST(FontTest, WriteClearsRawText) {
+  Font font;
+  font.raw = "BeginProperty Font ...";
+  font.Put(FontDispId::Italic, kTrue);
+  EXPECT_TRUE(font.raw.empty());
+}
+
+TEST(FontPropertyTest, ObjectIsTheControlsFontAndValueIsItsName) {
+  ModelFixture f;
+  auto text = f.form->AddControl(u"TextBox");
+  f.observer.log.clear();
+  auto property = f.Prop(text, u"Font");
+  auto font = std::dynamic_pointer_cast<ide::FontObject>(property->Object());
+  ASSERT_NE(font, nullptr);
+  font->Put(FontDispId::Name, vb::Value(u"Tahoma"));
+  font->Put(FontDispId::Size, vb::Value(u"9.75"));
+  EXPECT_EQ(property->Value(), vb::Value(u"Tahoma"));
+  EXPECT_EQ(text->GetFont()->Size(), 9.75F);
+  EXPECT_TRUE(text->FindSlot(u"Font")->written);
+  EXPECT_EQ(f.observer.log, (std::vector<std::string>{"font Text1.Name text:Tahoma ok",
+                                                      "font Text1.Size text:9.75 ok"}));
+  // Other properties hold no object.
+  EXPECT_EQ(f.Prop(text, u"Text")->Object(), nullptr);
+}
+
+TEST(FontPropertyTest, SettingTheFontPropertySetsTheName) {
+  ModelFixture f;
+  auto label = f.form->AddControl(u"Label");
+  f.Prop(label, u"Font")->SetValue(u"Courier New");
+  EXPECT_EQ(label->GetFont()->Name(), u"Courier New");
+  EXPECT_EQ(FailureOf([&] { f.Prop(label, u"Font")->SetValue(u""); }), 380);
+}
+
+}  // namespace
+}  // namespace workbench::testing

@@ -1,0 +1,339 @@
+// Property rules of the classes: which properties exist, what writes are
+// coerced to, what is refused; default names and captions.
+#include <gtest/gtest.h>
+
+#include "workbench/model_test_support.hpp"
+
+namespace workbench::testing {
+namespace {
+
+// --- One write to a new control: stored as what, or refused with what ------
+
+struct WriteCase {
+  const char16_t* class_name;
+  const char16_t* property;
+  vb::Value value;
+  const char* stored;  // "kind:text" of the stored value, or null when refused
+  std::int32_t failure = 0;
+};
+
+void PrintTo(const WriteCase& c, std::ostream* os) {
+  *os << U8(c.class_name) << "." << U8(c.property) << " = " << Describe(c.value);
+}
+
+class PropertyWriteTest : public ::testing::TestWithParam<WriteCase>, public ModelFixture {};
+
+TEST_P(PropertyWriteTest, StoresCoercedValueOrRefuses) {
+  const WriteCase& c = GetParam();
+  auto control = form->AddControl(c.class_name);
+  const std::int32_t failure = FailureOf([&] { Prop(control, c.property)->SetValue(c.value); });
+  if (c.stored) {
+    ASSERT_EQ(failure, 0);
+    EXPECT_EQ(Describe(control->Get(c.property)), c.stored);
+    EXPECT_EQ(Describe(Prop(control, c.property)->Value()), c.stored);
+  } else {
+    EXPECT_EQ(failure, c.failure);
+  }
+}
+
+constexpr std::int32_t k380 = vb::kInvalidPropertyValue;
+constexpr std::int32_t k438 = vb::kObjectLacksMember;
+vb::Value I(int n) { return vb::Value(static_cast<vb::Integer>(n)); }
+vb::Value L(int n) { return vb::Value(static_cast<vb::Long>(n)); }
+const vb::Value kTrue(vb::Boolean::True);
+const vb::Value kFalse(vb::Boolean::False);
+
+INSTANTIATE_TEST_SUITE_P(
+    KindsAndRanges, PropertyWriteTest,
+    ::testing::Values(
+        // CheckBox Value is an Integer 0..2; text goes through CInt.
+        WriteCase{u"CheckBox", u"Value", I(2), "integer16:2"},
+        WriteCase{u"CheckBox", u"Value", I(3), nullptr, k380},
+        WriteCase{u"CheckBox", u"Value", vb::Value(u"1"), "integer16:1"},
+        WriteCase{u"CheckBox", u"Value", vb::Value(u"abc"), nullptr, k380},
+        WriteCase{u"CheckBox", u"Value", kTrue, nullptr, k380},  // True is -1
+        WriteCase{u"CheckBox", u"Value", kFalse, "integer16:0"},
+        WriteCase{u"CheckBox", u"Value", L(1), "integer16:1"},
+        WriteCase{u"CheckBox", u"Value", L(70000), nullptr, k380},
+        // OptionButton Value is a Boolean.
+        WriteCase{u"OptionButton", u"Value", I(1), "boolean:True"},
+        WriteCase{u"OptionButton", u"Value", vb::Value(u"false"), "boolean:False"},
+        WriteCase{u"OptionButton", u"Value", vb::Value(u"abc"), nullptr, k380},
+        // Timer Interval is a Long 0..65535.
+        WriteCase{u"Timer", u"Interval", L(65535), "integer32:65535"},
+        WriteCase{u"Timer", u"Interval", L(65536), nullptr, k380},
+        WriteCase{u"Timer", u"Interval", I(500), "integer32:500"},
+        WriteCase{u"Timer", u"Interval", vb::Value(u" 1000 "), "integer32:1000"},
+        WriteCase{u"Timer", u"Interval", L(-1), nullptr, k380},
+        // Text properties take any value as its text.
+        WriteCase{u"Label", u"Caption", kTrue, "text:True"},
+        WriteCase{u"Label", u"Caption", I(7), "text:7"},
+        WriteCase{u"Label", u"Alignment", vb::Value(u"2"), "integer16:2"},
+        WriteCase{u"Label", u"Alignment", I(3), nullptr, k380},
+        WriteCase{u"Label", u"WordWrap", I(5), "boolean:True"},
+        WriteCase{u"TextBox", u"MultiLine", vb::Value(u"True"), "boolean:True"},
+        WriteCase{u"TextBox", u"Text", vb::Value(u""), "text:"},
+        WriteCase{u"CommandButton", u"Default", vb::Value(u"yes"), nullptr, k380},
+        WriteCase{u"CommandButton", u"Cancel", kTrue, "boolean:True"},
+        // Styles and enumerations per class.
+        WriteCase{u"ComboBox", u"Style", I(2), "integer16:2"},
+        WriteCase{u"ComboBox", u"Style", I(3), nullptr, k380},
+        WriteCase{u"ListBox", u"Style", I(2), nullptr, k380},
+        WriteCase{u"ListBox", u"MultiSelect", I(2), "integer16:2"},
+        WriteCase{u"ListBox", u"MultiSelect", I(3), nullptr, k380},
+        WriteCase{u"ListView", u"MultiSelect", I(1), "boolean:True"},
+        WriteCase{u"ListView", u"View", I(3), "integer16:3"},
+        WriteCase{u"ListView", u"View", I(4), nullptr, k380},
+        WriteCase{u"TreeView", u"LineStyle", I(2), nullptr, k380},
+        WriteCase{u"RichTextBox", u"ScrollBars", I(3), "integer16:3"},
+        WriteCase{u"RichTextBox", u"ScrollBars", I(-1), nullptr, k380},
+        WriteCase{u"SSTab", u"Style", I(2), nullptr, k380},
+        WriteCase{u"SSTab", u"Tabs", I(0), nullptr, k380},
+        WriteCase{u"SSTab", u"Tabs", vb::Value(u"1"), "integer16:1"},
+        WriteCase{u"SSTab", u"TabsPerRow", I(0), nullptr, k380},
+        WriteCase{u"SSTab", u"TabOrientation", I(4), nullptr, k380},
+        // MaskEdBox PromptChar is exactly one character.
+        WriteCase{u"MaskEdBox", u"PromptChar", vb::Value(u"#"), "text:#"},
+        WriteCase{u"MaskEdBox", u"PromptChar", vb::Value(u""), nullptr, k380},
+        WriteCase{u"MaskEdBox", u"PromptChar", vb::Value(u"ab"), nullptr, k380},
+        WriteCase{u"MaskEdBox", u"Mask", vb::Value(u"##-##"), "text:##-##"},
+        // Scroll bars: Min/Max Integer; changes 1..32767; CInt rounds half to even.
+        WriteCase{u"HScrollBar", u"Min", I(-32768), "integer16:-32768"},
+        WriteCase{u"HScrollBar", u"Max", L(40000), nullptr, k380},
+        WriteCase{u"HScrollBar", u"Max", vb::Value(u"40000"), nullptr, k380},
+        WriteCase{u"VScrollBar", u"SmallChange", I(0), nullptr, k380},
+        WriteCase{u"VScrollBar", u"LargeChange", vb::Value(u"2.5"), "integer16:2"},
+        WriteCase{u"VScrollBar", u"LargeChange", vb::Value(u"3.5"), "integer16:4"},
+        WriteCase{u"HScrollBar", u"Value", I(-1), nullptr, k380},  // below Min 0
+        WriteCase{u"HScrollBar", u"Value", I(100), "integer16:100"},
+        // Properties a class lacks, as VB6 lacks them.
+        WriteCase{u"Timer", u"Visible", kTrue, nullptr, k438},
+        WriteCase{u"Timer", u"Font", vb::Value(u"Arial"), nullptr, k438},
+        WriteCase{u"Line", u"Enabled", kTrue, nullptr, k438},
+        WriteCase{u"Shape", u"Caption", vb::Value(u"x"), nullptr, k438},
+        WriteCase{u"Shape", u"Font", vb::Value(u"Arial"), nullptr, k438},
+        WriteCase{u"Image", u"Text", vb::Value(u"x"), nullptr, k438},
+        WriteCase{u"HScrollBar", u"Font", vb::Value(u"Arial"), nullptr, k438},
+        WriteCase{u"DriveListBox", u"Caption", vb::Value(u"x"), nullptr, k438},
+        WriteCase{u"DriveListBox", u"Font", vb::Value(u"Arial"), "text:Arial"},
+        // Name is an identifier.
+        WriteCase{u"TextBox", u"Name", vb::Value(u"txt_Name2"), "text:txt_Name2"},
+        WriteCase{u"TextBox", u"Name", vb::Value(u""), nullptr, k380},
+        WriteCase{u"TextBox", u"Name", vb::Value(u"2txt"), nullptr, k380},
+        WriteCase{u"TextBox", u"Name", vb::Value(u"_txt"), nullptr, k380},
+        WriteCase{u"TextBox", u"Name", vb::Value(u"txt name"), nullptr, k380},
+        WriteCase{u"TextBox", u"Name", vb::Value(u"txt-name"), nullptr, k380},
+        WriteCase{u"TextBox", u"Name", vb::Value(vb::Text(40, u'a')),
+                  "text:aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"},
+        WriteCase{u"TextBox", u"Name", vb::Value(vb::Text(41, u'a')), nullptr, k380},
+        // Index: 0..32767 from text or numbers.
+        WriteCase{u"TextBox", u"Index", vb::Value(u"3"), "integer16:3"},
+        WriteCase{u"TextBox", u"Index", L(32767), "integer16:32767"},
+        WriteCase{u"TextBox", u"Index", L(32768), nullptr, k380},
+        WriteCase{u"TextBox", u"Index", I(-2), nullptr, k380},
+        WriteCase{u"TextBox", u"Index", vb::Value(u"x"), nullptr, k380},
+        WriteCase{u"TextBox", u"NoSuchThing", I(1), nullptr, k438}));
+
+TEST(ClassRulesTest, NameRefusalNamesTheValue) {
+  ModelFixture f;
+  auto text = f.form->AddControl(u"TextBox");
+  const std::string description =
+      DescriptionOf([&] { f.Prop(text, u"Name")->SetValue(u"9lives"); });
+  EXPECT_NE(description.find("Invalid property value"), std::string::npos);
+  EXPECT_NE(description.find("9lives"), std::string::npos);
+}
+
+TEST(ClassRulesTest, RefusedWriteLeavesTheValue) {
+  ModelFixture f;
+  auto check = f.form->AddControl(u"CheckBox");
+  f.Prop(check, u"Value")->SetValue(I(1));
+  EXPECT_EQ(FailureOf([&] { f.Prop(check, u"Value")->SetValue(I(9)); }), k380);
+  EXPECT_EQ(check->Get(u"Value"), I(1));
+}
+
+TEST(ClassRulesTest, PropertiesItemFailsForMissingProperty) {
+  ModelFixture f;
+  auto timer = f.form->AddControl(u"Timer");
+  EXPECT_EQ(FailureOf([&] { timer->Properties()->Item(u"Visible"); }), k438);
+  EXPECT_EQ(FailureOf([&] { timer->Properties()->Item(u"interval"); }), 0);  // any case
+}
+
+// --- Default names and captions -----------------------------------------------
+
+struct DefaultCase {
+  const char16_t* class_name;
+  const char* first_name;
+  const char* named_property;  // a property that starts as the name, or null
+};
+
+class DefaultNameTest : public ::testing::TestWithParam<DefaultCase>, public ModelFixture {};
+
+TEST_P(DefaultNameTest, StemAndLowestFreeNumber) {
+  const DefaultCase& c = GetParam();
+  auto first = form->AddControl(c.class_name);
+  EXPECT_EQ(U8(first->Name()), c.first_name);
+  auto second = form->AddControl(c.class_name);
+  std::string expected_second = c.first_name;
+  expected_second.back() = '2';
+  EXPECT_EQ(U8(second->Name()), expected_second);
+  if (c.named_property) {
+    EXPECT_EQ(second->Get(vb::FromUtf8(c.named_property)), vb::Value(second->Name()));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AllClasses, DefaultNameTest,
+    ::testing::Values(
+        DefaultCase{u"CheckBox", "Check1", "Caption"}, DefaultCase{u"ComboBox", "Combo1", "Text"},
+        DefaultCase{u"CommandButton", "Command1", "Caption"},
+        DefaultCase{u"Frame", "Frame1", "Caption"}, DefaultCase{u"Label", "Label1", "Caption"},
+        DefaultCase{u"ListBox", "List1", nullptr},
+        DefaultCase{u"OptionButton", "Option1", "Caption"},
+        DefaultCase{u"TextBox", "Text1", "Text"}, DefaultCase{u"Timer", "Timer1", nullptr},
+        DefaultCase{u"HScrollBar", "HScroll1", nullptr},
+        DefaultCase{u"VScrollBar", "VScroll1", nullptr},
+        DefaultCase{u"PictureBox", "Picture1", nullptr}, DefaultCase{u"Image", "Image1", nullptr},
+        DefaultCase{u"Shape", "Shape1", nullptr}, DefaultCase{u"Line", "Line1", nullptr},
+        DefaultCase{u"Data", "Data1", "Caption"}, DefaultCase{u"DriveListBox", "Drive1", nullptr},
+        DefaultCase{u"MSComctlLib.ListView", "ListView1", nullptr},
+        DefaultCase{u"TreeView", "TreeView1", nullptr},
+        DefaultCase{u"MaskEdBox", "MaskEdBox1", nullptr},
+        DefaultCase{u"RichTextLib.RichTextBox", "RichTextBox1", "Text"},
+        DefaultCase{u"SSTab", "SSTab1", nullptr}));
+
+TEST(DefaultNamesTest, LowestFreeNumberIgnoringCase) {
+  ModelFixture f;
+  f.form->AddControlExact(u"TextBox", u"TEXT1");
+  f.form->AddControlExact(u"TextBox", u"Text3");
+  EXPECT_EQ(U8(f.form->AddControl(u"TextBox")->Name()), "Text2");
+  EXPECT_EQ(U8(f.form->AddControl(u"TextBox")->Name()), "Text4");
+  f.form->DeleteControl(u"text1");
+  EXPECT_EQ(U8(f.form->AddControl(u"TextBox")->Name()), "Text1");
+}
+
+TEST(DefaultNamesTest, LabelCaptionIsNotTextBoxText) {
+  ModelFixture f;
+  auto label = f.form->AddControl(u"Label");
+  EXPECT_EQ(FailureOf([&] { label->Get(u"Text"); }), k438);
+  auto list = f.form->AddControl(u"ListBox");
+  EXPECT_EQ(FailureOf([&] { list->Get(u"Caption"); }), k438);
+}
+
+TEST(DefaultNamesTest, UnknownClassFailsButExactAddGetsGenericSet) {
+  ModelFixture f;
+  EXPECT_EQ(FailureOf([&] { f.form->AddControl(u"MSComCtl2.DTPicker"); }),
+            vb::kInvalidProcedureCall);
+  auto picker = f.form->AddControlExact(u"MSComCtl2.DTPicker", u"dtpWhen");
+  EXPECT_EQ(U8(picker->ClassName()), "DTPicker");
+  EXPECT_EQ(U8(picker->FileClass()), "MSComCtl2.DTPicker");
+  std::vector<std::string> names;
+  for (const auto& slot : picker->Slots()) names.push_back(U8(slot.name));
+  EXPECT_EQ(names, (std::vector<std::string>{"Name", "Index", "Tag", "Left", "Top", "Width",
+                                             "Height", "Visible", "Enabled", "TabIndex"}));
+  EXPECT_EQ(FailureOf([&] { picker->Get(u"Caption"); }), k438);
+}
+
+TEST(DefaultNamesTest, ExactAddRefusesTakenOrInvalidNames) {
+  ModelFixture f;
+  f.form->AddControl(u"TextBox");
+  EXPECT_EQ(FailureOf([&] { f.form->AddControlExact(u"Label", u"text1"); }), k380);
+  EXPECT_EQ(FailureOf([&] { f.form->AddControlExact(u"Label", u"1abc"); }), k380);
+  auto label = f.form->AddControlExact(u"Label", u"lblName");
+  EXPECT_EQ(label->Get(u"Caption"), vb::Value(u"lblName"));
+}
+
+// --- Duplicate names and control arrays -----------------------------------
+
+class ArrayTest : public ::testing::Test, public ModelFixture {
+ protected:
+  std::shared_ptr<Control> text1_ = form->AddControl(u"TextBox");
+  std::shared_ptr<Control> text2_ = form->AddControl(u"TextBox");
+};
+
+TEST_F(ArrayTest, NameOfAnotherControlIsRefusedWhenItIsNoArray) {
+  EXPECT_EQ(FailureOf([&] { Prop(text2_, u"Name")->SetValue(u"TEXT1"); }), k380);
+  EXPECT_EQ(U8(text2_->Name()), "Text2");
+}
+
+TEST_F(ArrayTest, NameOfAnArrayJoinsItWithNextFreeIndex) {
+  Prop(text1_, u"Index")->SetValue(I(0));
+  Prop(text2_, u"Name")->SetValue(u"text1");
+  EXPECT_EQ(U8(text2_->DisplayName()), "Text1(1)");  // the array's spelling
+  auto text3 = form->AddControl(u"TextBox");
+  EXPECT_EQ(U8(text3->Name()), "Text2");
+  Prop(text3, u"Name")->SetValue(u"Text1");
+  EXPECT_EQ(U8(text3->DisplayName()), "Text1(2)");
+}
+
+TEST_F(ArrayTest, JoiningFillsTheLowestGap) {
+  Prop(text1_, u"Index")->SetValue(I(1));
+  Prop(text2_, u"Name")->SetValue(u"Text1");
+  EXPECT_EQ(text2_->Index(), 0);
+}
+
+TEST_F(ArrayTest, IndexTakenByTheSameNameIsRefused) {
+  Prop(text1_, u"Index")->SetValue(I(0));
+  Prop(text2_, u"Name")->SetValue(u"Text1");
+  EXPECT_EQ(FailureOf([&] { Prop(text2_, u"Index")->SetValue(u"0"); }), k380);
+  EXPECT_EQ(FailureOf([&] { Prop(text2_, u"Index")->SetValue(u"5"); }), 0);
+  EXPECT_EQ(U8(text2_->DisplayName()), "Text1(5)");
+  // While another control shares the name, the index cannot be cleared.
+  EXPECT_EQ(FailureOf([&] { Prop(text2_, u"Index")->SetValue(u""); }), k380);
+  EXPECT_EQ(form->FindControl(u"Text1", 5), text2_);
+}
+
+TEST_F(ArrayTest, LoneControlMayLeaveItsArray) {
+  Prop(text1_, u"Index")->SetValue(I(0));
+  Prop(text1_, u"Index")->SetValue(u"");
+  EXPECT_EQ(text1_->Index(), std::nullopt);
+  EXPECT_EQ(text1_->Get(u"Index"), I(-1));
+}
+
+TEST_F(ArrayTest, OneDefaultButtonPerForm) {
+  auto ok = form->AddControl(u"CommandButton");
+  auto cancel = form->AddControl(u"CommandButton");
+  Prop(ok, u"Default")->SetValue(kTrue);
+  Prop(cancel, u"Default")->SetValue(kTrue);
+  EXPECT_EQ(ok->Get(u"Default"), kFalse);
+  EXPECT_EQ(cancel->Get(u"Default"), kTrue);
+}
+
+// --- Order and raw text of properties read from a file --------------------
+
+TEST(LoadedPropertiesTest, FileOrderFirstThenTableOrderAndWriteClearsRaw) {
+  ModelFixture f;
+  auto text = f.form->LoadControl(u"VB.TextBox", u"txtName");
+  text->LoadProperty(u"Text", vb::Value(u"hello"), "      Text            =   \"hello\"");
+  text->LoadProperty(u"Height", vb::Value(u"285"), "      Height          =   285");
+  text->LoadProperty(u"OLEDragMode", vb::Value(u"1"), "      OLEDragMode     =   1  'Automatic");
+  text->LoadProperty(u"Text", vb::Value(u"again"), "x");  // loaded twice: keeps its place
+  std::vector<std::string> first;
+  for (std::size_t i = 0; i < 4; ++i) first.push_back(U8(text->Slots()[i].name));
+  EXPECT_EQ(first, (std::vector<std::string>{"Text", "Height", "OLEDragMode", "Name"}));
+  EXPECT_EQ(text->Get(u"Height"), L(285));  // the table's kind, though the file gave text
+  EXPECT_EQ(text->Get(u"OLEDragMode"), vb::Value(u"1"));
+  EXPECT_EQ(text->Get(u"Text"), vb::Value(u"again"));
+
+  text->Properties()->Item(u"height")->SetValue(I(300));
+  const PropertySlot* height = text->FindSlot(u"Height");
+  EXPECT_TRUE(height->raw.empty());
+  EXPECT_TRUE(height->written);
+  EXPECT_EQ(height->value, L(300));
+  EXPECT_EQ(text->FindSlot(u"OLEDragMode")->raw, "      OLEDragMode     =   1  'Automatic");
+  // A property the table lacks keeps the kind it was read with.
+  text->Properties()->Item(u"OLEDragMode")->SetValue(I(0));
+  EXPECT_EQ(text->Get(u"OLEDragMode"), vb::Value(u"0"));
+}
+
+TEST(LoadedPropertiesTest, LoadingRaisesNothing) {
+  ModelFixture f;
+  auto frame = f.form->LoadControl(u"VB.Frame", u"fraOptions");
+  auto option = f.form->LoadControl(u"VB.OptionButton", u"optA", frame);
+  option->LoadProperty(u"Index", vb::Value(u"0"), "Index = 0");
+  EXPECT_TRUE(f.observer.log.empty());
+  EXPECT_EQ(option->Container(), frame);
+  EXPECT_EQ(U8(option->DisplayName()), "optA(0)");
+}
+
+}  // namespace
+}  // namespace workbench::testing

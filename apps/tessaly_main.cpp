@@ -1,16 +1,22 @@
 // tessaly: the workbench's command line.
 //
 //   tessaly run SCRIPT [--trace FILE] [--settings FILE] [--quiet]
+//   tessaly interactive [PROJECT.vbp] [--settings FILE]
 //
-// Runs a session script against the workbench IDE with the Tessaly add-in
-// loaded, printing a transcript; --trace writes the JSON Lines trace.
+// `run` runs a session script against the workbench IDE with the Tessaly
+// add-in loaded, printing a transcript; --trace writes the JSON Lines trace.
+// `interactive` gives a prompt for the same IDE actions and shows the add-in's
+// dialogs in the terminal.
 #include <CLI/CLI.hpp>
 
 #include <fstream>
 #include <iostream>
 #include <sstream>
 
+#include "forms/font_catalog.hpp"
 #include "host/connect.hpp"
+#include "tui/prompt.hpp"
+#include "tui/terminal_frontend.hpp"
 #include "workbench/session.hpp"
 
 namespace {
@@ -50,6 +56,27 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
   return 0;
 }
 
+int RunInteractive(const std::string& project, const std::string& settings_path) {
+  forms::FontconfigCatalog fonts;
+  tui::TerminalFrontend terminal(fonts);
+  tui::PromptOptions options;
+  options.session.settings_file = settings_path;
+  options.session.fonts = &fonts;
+  options.session.frontend = &terminal;
+  options.session.addin = [](forms::Runtime& runtime) {
+    return tessaly::MakeConnectFactory(runtime);
+  };
+  options.project = project;
+  options.in = &std::cin;
+  options.out = &std::cout;
+  try {
+    return tui::RunPrompt(std::move(options));
+  } catch (const std::exception& e) {
+    std::cerr << "tessaly: " << e.what() << '\n';
+    return 1;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -63,6 +90,13 @@ int main(int argc, char** argv) {
   run->add_option("--settings", settings,
                   "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
   run->add_flag("--quiet", quiet, "Print no transcript");
+  auto* interactive = app.add_subcommand(
+      "interactive", "Work in the workbench at a prompt, dialogs in the terminal");
+  std::string project;
+  interactive->add_option("project", project, "A project to open first (.vbp)");
+  interactive->add_option("--settings", settings,
+                          "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
   CLI11_PARSE(app, argc, argv);
+  if (interactive->parsed()) return RunInteractive(project, settings);
   return RunScript(script, trace, settings, quiet);
 }

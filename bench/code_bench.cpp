@@ -130,30 +130,30 @@ void BM_RemoveCode20(benchmark::State& state) {
 }
 BENCHMARK(BM_RemoveCode20)->Unit(benchmark::kMicrosecond);
 
-// --- Parts of the above, to show where the time goes --------------------------
+// --- The steps of the above, to show where the time goes --------------------------
 //
 // The IDE's own steps (the workbench's module) and the text functions, each
 // alone on the same module.
 
-void BM_Part_IdeLinesAll(benchmark::State& state) {
+void BM_Step_IdeLinesAll(benchmark::State& state) {
   const auto module = FreshModule();
   for (auto _ : state) benchmark::DoNotOptimize(module->Lines(1, module->CountOfLines()));
 }
-BENCHMARK(BM_Part_IdeLinesAll)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_IdeLinesAll)->Unit(benchmark::kMicrosecond);
 
-void BM_Part_InStrMiss(benchmark::State& state) {
+void BM_Step_InStrMiss(benchmark::State& state) {
   const vb::Text text = FreshModule()->Lines(1, kModuleLines);
   for (auto _ : state) benchmark::DoNotOptimize(vb::InStr(1, text, u"Label8"));
 }
-BENCHMARK(BM_Part_InStrMiss)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_InStrMiss)->Unit(benchmark::kMicrosecond);
 
-void BM_Part_Replace(benchmark::State& state) {
+void BM_Step_Replace(benchmark::State& state) {
   const vb::Text text = FreshModule()->Lines(1, kModuleLines);
   for (auto _ : state) benchmark::DoNotOptimize(tessaly::RenamedText(text, u"Text1", u"txtName"));
 }
-BENCHMARK(BM_Part_Replace)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_Replace)->Unit(benchmark::kMicrosecond);
 
-void BM_Part_IdeDeleteAll(benchmark::State& state) {
+void BM_Step_IdeDeleteAll(benchmark::State& state) {
   std::shared_ptr<workbench::CodeModule> module;
   for (auto _ : state) {
     state.PauseTiming();
@@ -162,9 +162,9 @@ void BM_Part_IdeDeleteAll(benchmark::State& state) {
     module->DeleteLines(1, module->CountOfLines());
   }
 }
-BENCHMARK(BM_Part_IdeDeleteAll)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_IdeDeleteAll)->Unit(benchmark::kMicrosecond);
 
-void BM_Part_IdeAddFromString(benchmark::State& state) {
+void BM_Step_IdeAddFromString(benchmark::State& state) {
   const vb::Text text = FreshModule()->Lines(1, kModuleLines);
   std::shared_ptr<workbench::CodeModule> module;
   for (auto _ : state) {
@@ -177,10 +177,10 @@ void BM_Part_IdeAddFromString(benchmark::State& state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(BM_Part_IdeAddFromString)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_IdeAddFromString)->Unit(benchmark::kMicrosecond);
 
 // The first member look-up after an edit: the IDE's member list is read anew.
-void BM_Part_IdeMembersAfterEdit(benchmark::State& state) {
+void BM_Step_IdeMembersAfterEdit(benchmark::State& state) {
   const auto module = FreshModule();
   for (auto _ : state) {
     state.PauseTiming();
@@ -190,7 +190,7 @@ void BM_Part_IdeMembersAfterEdit(benchmark::State& state) {
     benchmark::DoNotOptimize(module->Members()->Item(u"Text1_Event1"));
   }
 }
-BENCHMARK(BM_Part_IdeMembersAfterEdit)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Step_IdeMembersAfterEdit)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -2,7 +2,7 @@
 function(tessaly_set_options target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror -Wshadow=local)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>)
 endfunction()
 
 # A layer: every .cpp in the folder, one static library, linking only what the

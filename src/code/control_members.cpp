@@ -30,4 +30,12 @@ bool CodeMentions(ide::CodeModule& module, const vb::Text& old_name) {
   return vb::InStr(1, text, old_name) != 0;
 }
 
+vb::Text ControlName(ide::VBControl& control) {
+  const auto properties = control.Properties();
+  if (!properties) throw vb::Failure::Of(vb::kObjectNotSet);
+  const auto name = properties->Item(u"Name");
+  if (!name) throw vb::Failure::Of(vb::kObjectNotSet);
+  return name->Value().ToText();
+}
+
 }  // namespace tessaly

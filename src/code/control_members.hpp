@@ -5,7 +5,7 @@
 // Both answer from what the IDE reports, without changing anything. A member
 // belongs to a control when its name is the control's name, an underscore,
 // then anything ("Text1_Click" belongs to Text1, "Text10_Click" does not);
-// names compare case-sensitively and only '*' is special in the pattern, so a
+// names compare case-sensitively and '*' is the only wildcard in the pattern, so a
 // name never matches by accident through other pattern characters. Failures
 // of the IDE's objects pass to the caller.
 #pragma once
@@ -14,6 +14,10 @@
 #include "vb/text.hpp"
 
 namespace tessaly {
+
+// The control's current name, as its Name property gives it. A missing
+// property collection or Name property is the runtime's 91.
+vb::Text ControlName(ide::VBControl& control);
 
 // Whether `member_name` is `control_name` + "_" + anything.
 bool BelongsToControl(vb::TextView member_name, vb::TextView control_name);

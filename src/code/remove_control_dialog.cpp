@@ -47,8 +47,7 @@ frmRemoveControl::frmRemoveControl(forms::Runtime& runtime)
 void frmRemoveControl::Form_Activate() {
   ide::VBControl& control = Require(objControl);
   auto& label = Get<forms::Label>("lblCtlName");
-  const vb::Text control_name =
-      Require(Require(control.Properties()).Item(u"Name")).Value().ToText();
+  const vb::Text control_name = ControlName(control);
   label.SetCaption(label.Tag() + control_name);
 
   // The list starts empty on every Show: OK unloads the form.

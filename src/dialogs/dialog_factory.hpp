@@ -1,5 +1,5 @@
-// Makes the property dialog of a given kind. The dispatch table of the control
-// events names dialogs by kind; a kind whose dialog is not built yet gives null.
+// Makes the property dialog of a given kind: the dispatch table of the control
+// events names dialogs by kind.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,6 @@
 // The save sequence: one routine walks a dialog's table of writes.
+#include <stdexcept>
+
 #include "dialogs/property_dialog.hpp"
 #include "vb/convert.hpp"
 #include "vb/text.hpp"
@@ -113,6 +115,7 @@ void PropertyDialog::OKButton_Click() {
       forms::Control* field = nullptr;
       const vb::Value value = ReadValue(write, field);
       if (write.focus) field = &Field(write.focus);
+      if (!field) throw std::logic_error("a write of the save sequence names no field");
       if (!SetProperty(write.property, value, *field)) return StopPath();
     }
   } catch (const vb::Failure&) {

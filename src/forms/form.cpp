@@ -230,8 +230,12 @@ void Form::ThrowMissing(std::string_view name, std::int16_t index) const {
     throw vb::Failure(
         340, u"Control array element '" + vb::FromUtf8(std::to_string(index)) + u"' doesn't exist");
   }
-  std::string what = std::string(name);
-  if (index >= 0) what += "(" + std::to_string(index) + ")";
+  std::string what(name);
+  if (index >= 0) {
+    what += '(';
+    what += std::to_string(index);
+    what += ')';
+  }
   if (Control* c = Find(name, index)) {
     throw std::logic_error("form " + name_ + ": " + what + " is a " + ControlKindName(c->Kind()));
   }

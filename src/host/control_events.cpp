@@ -25,7 +25,6 @@ void Connect::CompHandler_ItemAdded(const std::shared_ptr<ide::VBControl>& contr
   const DispatchRow& row = FindDispatchRow(class_name);
   if (!vb::IsTrue(globals_.UseCtl[row.index])) return;
   auto dialog = CreateDialog(row.dialog, runtime_);
-  if (!dialog) return;
   dialog->objControl = control;
   dialog->VBInstance = VBInstance;
   dialog->Show(1);
@@ -36,7 +35,7 @@ void Connect::CompHandler_ItemRemoved(const std::shared_ptr<ide::VBControl>& con
   if (!vb::IsTrue(globals_.RemoveCode)) return;
   auto module = FindCodeModule(*control);
   if (!module) throw vb::Failure::Of(vb::kObjectNotSet);
-  const vb::Text name = control->Properties()->Item(u"Name")->Value().ToText();
+  const vb::Text name = ControlName(*control);
   if (!HasMemberOfControl(*module->Members(), name)) return;
   if (!remove_dialog_) remove_dialog_ = std::make_unique<frmRemoveControl>(runtime_);
   remove_dialog_->objControl = control;
@@ -53,7 +52,7 @@ void Connect::CompHandler_ItemRenamed(const std::shared_ptr<ide::VBControl>& con
     if (!rename_dialog_) rename_dialog_ = std::make_unique<frmRenameCode>(runtime_);
     rename_dialog_->objCode = module;
     rename_dialog_->OldName = old_name;
-    rename_dialog_->NewName = control->Properties()->Item(u"Name")->Value().ToText();
+    rename_dialog_->NewName = ControlName(*control);
     rename_dialog_->Show(1);
   } catch (const vb::Failure&) {
     // From here on a failure ends the event in silence.

@@ -4,78 +4,99 @@
 
 #include "vb/failure.hpp"
 #include "workbench/member_scan.hpp"
+#include "workbench/module_text.hpp"
 
 namespace workbench {
-
-// What a module and the Members collections it handed out share.
-struct CodeModuleState {
-  std::vector<vb::Text> lines;
-  // Built on first use after an edit; null until then.
-  std::shared_ptr<const MemberTable> table;
-  std::vector<std::shared_ptr<ide::Member>> member_objects;  // one per table row
-
-  void Invalidate() {
-    table.reset();
-    member_objects.clear();
-  }
-  const std::shared_ptr<const MemberTable>& Table() {
-    if (!table) {
-      table = std::make_shared<const MemberTable>(lines);
-      member_objects.clear();
-    }
-    return table;
-  }
-  const std::vector<std::shared_ptr<ide::Member>>& MemberObjects();
-};
-
 namespace {
 
 // A member as the IDE hands it out: what it was when the collection was read.
-class ModuleMember : public ide::Member {
+// It reads the row of the table it came from, which the objects below keep
+// alive and unchanged: an edit while a member is held changes a copy.
+class ModuleMember final : public ide::Member {
  public:
-  ModuleMember(vb::Text name, std::int32_t location)
-      : name_(std::move(name)), location_(location) {}
-  vb::Text Name() const override { return name_; }
-  std::int32_t CodeLocation() const override { return location_; }
+  explicit ModuleMember(const ScannedMember& row) : row_(&row) {}
+  vb::Text Name() const override { return row_->name; }
+  std::int32_t CodeLocation() const override { return row_->line; }
 
  private:
-  vb::Text name_;
-  std::int32_t location_;
+  const ScannedMember* row_;
 };
+
+}  // namespace
+
+// The member objects of one table, made together: one allocation, and the
+// pointers handed out share it.
+struct MemberObjects {
+  explicit MemberObjects(std::shared_ptr<const MemberTable> of) : table(std::move(of)) {
+    members.reserve(table->All().size());
+    for (const ScannedMember& row : table->All()) members.emplace_back(row);
+  }
+
+  std::shared_ptr<const MemberTable> table;
+  std::vector<ModuleMember> members;  // one per table row
+};
+
+// What a module and the Members collections it handed out share.
+struct CodeModuleState {
+  ModuleText text;
+  // Null until first use and after an edit the table could not follow.
+  std::shared_ptr<MemberTable> table;
+  // The member objects of `table` and the list of them, made on first use.
+  std::shared_ptr<MemberObjects> objects;
+  std::vector<std::shared_ptr<ide::Member>> listed;
+
+  const std::shared_ptr<MemberTable>& Table() {
+    if (!table) table = std::make_shared<MemberTable>(text);
+    return table;
+  }
+  const std::shared_ptr<MemberObjects>& Objects() {
+    if (!objects) objects = std::make_shared<MemberObjects>(Table());
+    return objects;
+  }
+  const std::vector<std::shared_ptr<ide::Member>>& Listed() {
+    if (listed.empty() && !Table()->All().empty()) {
+      const auto& all = Objects();
+      listed.reserve(all->members.size());
+      for (ModuleMember& member : all->members) listed.emplace_back(all, &member);
+    }
+    return listed;
+  }
+  std::shared_ptr<ide::Member> ObjectFor(const ScannedMember& row) {
+    const auto& all = Objects();
+    return {all, &all->members[static_cast<std::size_t>(&row - all->table->All().data())]};
+  }
+
+  // After an edit of `text`: the table follows it, or goes.
+  template <typename Follow>
+  void Edited(Follow&& follow) {
+    listed.clear();
+    objects.reset();
+    if (!table) return;
+    // Someone holds the table (a snapshot, or members read before): they
+    // keep it as it is, the module changes a copy.
+    if (table.use_count() > 1) table = std::make_shared<MemberTable>(*table);
+    if (!follow(*table)) table.reset();
+  }
+};
+
+namespace {
 
 // A live view: every call reads the module's current text.
 class ModuleMembers : public ide::Members {
  public:
   explicit ModuleMembers(std::shared_ptr<CodeModuleState> state) : state_(std::move(state)) {}
 
-  std::vector<std::shared_ptr<ide::Member>> All() override { return state_->MemberObjects(); }
+  std::vector<std::shared_ptr<ide::Member>> All() override { return state_->Listed(); }
 
   std::shared_ptr<ide::Member> Item(const vb::Text& name) override {
-    const auto& table = state_->Table();
-    const ScannedMember* found = table->Find(name);
+    const ScannedMember* found = state_->Table()->Find(name);
     if (found == nullptr) return nullptr;
-    return state_->MemberObjects()[static_cast<std::size_t>(found - table->All().data())];
+    return state_->ObjectFor(*found);
   }
 
  private:
   std::shared_ptr<CodeModuleState> state_;
 };
-
-bool IsLineEnd(char16_t c) { return c == u'\r' || c == u'\n'; }
-
-// The pieces between line ends (CR LF, LF or CR): n line ends, n + 1 pieces.
-std::vector<vb::Text> SplitAtLineEnds(const vb::Text& text) {
-  std::vector<vb::Text> lines;
-  std::size_t start = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (!IsLineEnd(text[i])) continue;
-    lines.emplace_back(text, start, i - start);
-    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-    start = i + 1;
-  }
-  lines.emplace_back(text, start);
-  return lines;
-}
 
 // Lines first..first+count-1 exist; count 0 is fine anywhere up to just past
 // the last line.
@@ -86,75 +107,59 @@ bool InRange(std::int32_t first, std::int32_t count, std::size_t line_count) {
 
 }  // namespace
 
-const std::vector<std::shared_ptr<ide::Member>>& CodeModuleState::MemberObjects() {
-  const auto& rows = Table()->All();
-  if (member_objects.size() != rows.size()) {
-    member_objects.clear();
-    member_objects.reserve(rows.size());
-    for (const ScannedMember& row : rows) {
-      member_objects.push_back(std::make_shared<ModuleMember>(row.name, row.line));
-    }
-  }
-  return member_objects;
-}
-
 CodeModule::CodeModule(vb::Text name, std::vector<vb::Text> lines)
     : name_(std::move(name)), state_(std::make_shared<CodeModuleState>()) {
-  state_->lines = std::move(lines);
+  state_->text = ModuleText(lines);
 }
 
 std::shared_ptr<CodeModule> CodeModule::FromText(vb::Text name, const vb::Text& text) {
-  std::vector<vb::Text> lines = SplitAtLineEnds(text);
+  auto module = std::make_shared<CodeModule>(std::move(name), std::vector<vb::Text>{});
+  ModuleText& lines = module->state_->text;
+  const std::size_t count = lines.Insert(0, text);
   // In a file a line end closes its line: the piece after the last one is
   // not a line of its own when it is empty.
-  if (lines.back().empty()) lines.pop_back();
-  return std::make_shared<CodeModule>(std::move(name), std::move(lines));
+  if (lines.Line(count - 1).empty()) lines.Erase(count - 1, 1);
+  return module;
 }
 
-const std::vector<vb::Text>& CodeModule::AllLines() const { return state_->lines; }
+std::vector<vb::Text> CodeModule::AllLines() const { return state_->text.Copy(); }
 
 std::int32_t CodeModule::CountOfLines() const {
-  return static_cast<std::int32_t>(state_->lines.size());
+  return static_cast<std::int32_t>(state_->text.Count());
 }
 
 vb::Text CodeModule::Lines(std::int32_t first, std::int32_t count) const {
-  const auto& lines = state_->lines;
-  if (!InRange(first, count, lines.size())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
-  vb::Text text;
-  const auto begin = static_cast<std::size_t>(first - 1);
-  for (std::size_t i = begin; i < begin + static_cast<std::size_t>(count); ++i) {
-    if (i != begin) text += u"\r\n";
-    text += lines[i];
-  }
-  return text;
+  const ModuleText& text = state_->text;
+  if (!InRange(first, count, text.Count())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
+  return vb::Text(
+      text.Lines(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count)));
 }
 
 void CodeModule::DeleteLines(std::int32_t first, std::int32_t count) {
-  auto& lines = state_->lines;
-  if (!InRange(first, count, lines.size())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
-  const auto begin = lines.begin() + (first - 1);
-  lines.erase(begin, begin + count);
-  Edited(CodeEdit{CodeEdit::Op::DeleteLines, first, count, {}});
+  ModuleText& text = state_->text;
+  if (!InRange(first, count, text.Count())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
+  text.Erase(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count));
+  state_->Edited([&](MemberTable& table) { return table.FollowDeletion(first, count); });
+  Report(CodeEdit::Op::DeleteLines, first, count, nullptr);
 }
 
 void CodeModule::AddFromString(const vb::Text& text) {
-  auto& lines = state_->lines;
-  const auto first = static_cast<std::int32_t>(lines.size() + 1);
-  std::vector<vb::Text> added = SplitAtLineEnds(text);
-  const auto count = static_cast<std::int32_t>(added.size());
-  lines.insert(lines.end(), std::make_move_iterator(added.begin()),
-               std::make_move_iterator(added.end()));
-  Edited(CodeEdit{CodeEdit::Op::AddFromString, first, count, text});
+  ModuleText& lines = state_->text;
+  const auto first = static_cast<std::int32_t>(lines.Count() + 1);
+  const auto count = static_cast<std::int32_t>(lines.Insert(lines.Count(), text));
+  state_->Edited(
+      [&](MemberTable& table) { return table.FollowInsertion(lines, first, count); });
+  Report(CodeEdit::Op::AddFromString, first, count, &text);
 }
 
 void CodeModule::InsertLines(std::int32_t line, const vb::Text& text) {
-  auto& lines = state_->lines;
-  if (!InRange(line, 0, lines.size())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
-  std::vector<vb::Text> added = SplitAtLineEnds(text);
-  const auto count = static_cast<std::int32_t>(added.size());
-  lines.insert(lines.begin() + (line - 1), std::make_move_iterator(added.begin()),
-               std::make_move_iterator(added.end()));
-  Edited(CodeEdit{CodeEdit::Op::InsertLines, line, count, text});
+  ModuleText& lines = state_->text;
+  if (!InRange(line, 0, lines.Count())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
+  const auto count =
+      static_cast<std::int32_t>(lines.Insert(static_cast<std::size_t>(line - 1), text));
+  state_->Edited(
+      [&](MemberTable& table) { return table.FollowInsertion(lines, line, count); });
+  Report(CodeEdit::Op::InsertLines, line, count, &text);
 }
 
 std::shared_ptr<ide::Members> CodeModule::Members() {
@@ -164,10 +169,12 @@ std::shared_ptr<ide::Members> CodeModule::Members() {
 std::shared_ptr<const MemberTable> CodeModule::ScannedMembers() const { return state_->Table(); }
 
 // Every successful call is an edit for the trace, even one that changes
-// nothing (DeleteLines of 0 lines): the trace shows what was asked.
-void CodeModule::Edited(const CodeEdit& edit) {
-  state_->Invalidate();
-  if (listener_) listener_(*this, edit);
+// nothing (DeleteLines of 0 lines): the trace shows what was asked. The
+// record (with a copy of the text added) is made only for a listener.
+void CodeModule::Report(CodeEdit::Op op, std::int32_t first, std::int32_t count,
+                        const vb::Text* text) {
+  if (!listener_) return;
+  listener_(*this, CodeEdit{op, first, count, text != nullptr ? *text : vb::Text()});
 }
 
 }  // namespace workbench

@@ -13,6 +13,12 @@
 // line (an empty module simply takes the lines); it does not look for the end of
 // the declarations section. FromText reads a file's text instead: there a line
 // end closes its line, so a final one adds no empty line and "" is no line.
+//
+// Cost: the text is one buffer (module_text.hpp), so reading lines is one
+// copy and an edit moves the text after it once. The member table follows
+// edits that delete whole procedures or add code at a top-level boundary
+// without a new scan (member_scan.hpp says which); other edits have it
+// scanned again on its next use.
 #pragma once
 
 #include <cstdint>
@@ -46,7 +52,8 @@ class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<C
   static std::shared_ptr<CodeModule> FromText(vb::Text name, const vb::Text& text);
 
   const vb::Text& Name() const { return name_; }
-  const std::vector<vb::Text>& AllLines() const;
+  // A copy of every line, for writers and tests; Lines reads a range cheaply.
+  std::vector<vb::Text> AllLines() const;
 
   // ide::CodeModule
   std::int32_t CountOfLines() const override;
@@ -60,18 +67,19 @@ class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<C
   void InsertLines(std::int32_t line, const vb::Text& text);
 
   // The members with their kinds and extents, for edits that remove code. The
-  // table is a snapshot: it stays valid, and unchanged, after later edits.
+  // table is a snapshot: it stays valid, and unchanged, after later edits
+  // (the module then changes a copy of its own).
   std::shared_ptr<const MemberTable> ScannedMembers() const;
 
   using EditListener = std::function<void(const CodeModule&, const CodeEdit&)>;
   void SetEditListener(EditListener listener) { listener_ = std::move(listener); }
 
  private:
-  void Edited(const CodeEdit& edit);
+  void Report(CodeEdit::Op op, std::int32_t first, std::int32_t count, const vb::Text* text);
 
   vb::Text name_;
-  // The lines and the member table built lazily from them. Shared with the
-  // Members collections handed out, which thus follow every edit.
+  // The text and the member table kept with it. Shared with the Members
+  // collections handed out, which thus follow every edit.
   std::shared_ptr<CodeModuleState> state_;
   EditListener listener_;
 };

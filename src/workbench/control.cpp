@@ -145,6 +145,13 @@ std::shared_ptr<ide::VBControls> Control::Collection() {
 }
 
 std::shared_ptr<ide::Properties> Control::Properties() {
+  // A refusal of "Properties" makes the collection itself fail, as an IDE
+  // that cannot answer for a control would.
+  if (auto form = Form()) {
+    if (auto project = form->GetProject()) {
+      if (auto refusal = project->TakeRefusal(*this, u"Properties")) throw *refusal;
+    }
+  }
   return std::make_shared<ControlProperties>(shared_from_this());
 }
 

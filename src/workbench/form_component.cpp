@@ -182,7 +182,17 @@ std::shared_ptr<Control> FormComponent::AddControlExact(vb::TextView class_name,
   if (auto clash = FindControl(name)) {
     throw InvalidValue(u"a control named \"" + clash->Name() + u"\" already exists on " + name_);
   }
-  auto control = MakeControl(ClassOrGeneric(class_name), vb::Text(name));
+  std::shared_ptr<const ClassRules> rules = ClassOrGeneric(class_name);
+  // ClassName answers the class exactly as given: a known class spelt in
+  // another case keeps its table, but not the table's spelling.
+  if (rules->known && class_name != rules->class_name && class_name != rules->file_class) {
+    auto respelt = std::make_shared<ClassRules>(*rules);
+    const auto dot = class_name.rfind(u'.');
+    respelt->class_name =
+        vb::Text(dot == vb::TextView::npos ? class_name : class_name.substr(dot + 1));
+    rules = std::move(respelt);
+  }
+  auto control = MakeControl(std::move(rules), vb::Text(name));
   RaiseAdded(control);
   return control;
 }

@@ -66,8 +66,10 @@ class FormComponent : public ide::VBComponent, public std::enable_shared_from_th
   // name -> ItemAdded. Fails (5) for a class the workbench does not know.
   std::shared_ptr<Control> AddControl(vb::TextView class_name);
   // A new control with the given name: a known class gets its table, any
-  // other class text the generic set -> ItemAdded. Fails (380) for a name
-  // that is no identifier or is taken.
+  // other class text the generic set -> ItemAdded. ClassName answers the
+  // class as given (the part after its last dot), also a known class spelt
+  // in another case ("checkbox"). Fails (380) for a name that is no
+  // identifier or is taken.
   std::shared_ptr<Control> AddControlExact(vb::TextView class_name, vb::TextView name);
   // Removes the control -> ItemRemoved (the control already out of the
   // list). Fails (5) when there is no such control.

@@ -189,7 +189,8 @@ class Parser {
   // Block keywords that cannot appear where the reader is.
   void RejectStray(const LineWords& words) const {
     if (SameName(words.trimmed, u"End")) Fail(at_ + 1, u"End without Begin");
-    if (SameName(words.trimmed, u"EndProperty")) Fail(at_ + 1, u"EndProperty without BeginProperty");
+    if (SameName(words.trimmed, u"EndProperty"))
+      Fail(at_ + 1, u"EndProperty without BeginProperty");
     if (SameName(words.first, u"BeginProperty")) {
       Fail(at_ + 1, u"BeginProperty outside a Begin block");
     }
@@ -283,8 +284,8 @@ void WriteNode(const FrmNode& node, int depth, const std::string& file_eol,
       out.push_back(node.line.value_or(SourceLine{u"", eol}));
       return;
     case FrmNode::Kind::Property:
-      out.push_back(node.line.value_or(
-          SourceLine{FormatPropertyLine(depth, node.name, node.value), eol}));
+      out.push_back(
+          node.line.value_or(SourceLine{FormatPropertyLine(depth, node.name, node.value), eol}));
       return;
     case FrmNode::Kind::Group:
     case FrmNode::Kind::Object:
@@ -302,8 +303,8 @@ void WriteNode(const FrmNode& node, int depth, const std::string& file_eol,
     out.push_back({indent + u"Begin " + node.type + u" " + node.name + u" ", eol});
   }
   for (const auto& child : node.children) WriteNode(child, depth + 1, file_eol, out);
-  out.push_back(node.end_line.value_or(
-      SourceLine{indent + (is_group ? u"EndProperty" : u"End"), eol}));
+  out.push_back(
+      node.end_line.value_or(SourceLine{indent + (is_group ? u"EndProperty" : u"End"), eol}));
 }
 
 }  // namespace
@@ -339,8 +340,9 @@ std::optional<vb::Text> FrmDocument::Attribute(vb::TextView name) const {
     if (equals == vb::TextView::npos) continue;
     if (!SameName(TrimBlanks(words.rest.substr(0, equals)), name)) continue;
     const auto value = ParseFrmValue(words.rest.substr(equals + 1));
-    return value.form == FrmValue::Form::Quoted ? value.text
-                                                : vb::Text(TrimBlanks(words.rest.substr(equals + 1)));
+    return value.form == FrmValue::Form::Quoted
+               ? value.text
+               : vb::Text(TrimBlanks(words.rest.substr(equals + 1)));
   }
   return std::nullopt;
 }
@@ -380,7 +382,8 @@ void FrmDocument::SetCodeLines(const std::vector<vb::Text>& lines) {
          lines[lines.size() - 1 - same_end] == code_[code_.size() - 1 - same_end].text) {
     ++same_end;
   }
-  std::vector<SourceLine> code(code_.begin(), code_.begin() + static_cast<std::ptrdiff_t>(same_start));
+  std::vector<SourceLine> code(code_.begin(),
+                               code_.begin() + static_cast<std::ptrdiff_t>(same_start));
   // Inside the stretch, a line that was there before (in the same order,
   // looked for a short way ahead to stay linear) keeps its end too.
   constexpr std::size_t kLookAhead = 64;

@@ -139,4 +139,3 @@ vb::Text FormatPropertyLine(int depth, vb::TextView name, vb::TextView value_tex
 }
 
 }  // namespace workbench
-

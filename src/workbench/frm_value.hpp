@@ -22,9 +22,9 @@ namespace workbench {
 
 // A reference into the binary side file: $"Form1.frx":0000.
 struct FrxReference {
-  vb::Text file;           // "Form1.frx", as written
+  vb::Text file;             // "Form1.frx", as written
   std::uint32_t offset = 0;  // byte offset in that file
-  bool is_string = false;  // written with a leading $: a string kept in the file
+  bool is_string = false;    // written with a leading $: a string kept in the file
   friend bool operator==(const FrxReference&, const FrxReference&) = default;
 };
 
@@ -32,7 +32,7 @@ struct FrxReference {
 struct FrmValue {
   enum class Form { Quoted, Frx, Bare };
   Form form = Form::Bare;
-  vb::Text text;  // Quoted: the string without quotes; Bare: the value before any comment
+  vb::Text text;     // Quoted: the string without quotes; Bare: the value before any comment
   FrxReference frx;  // Frx only
   vb::Text comment;  // what follows the apostrophe, blanks trimmed ("True", "Windows Default")
 };
@@ -58,4 +58,3 @@ vb::Text FormatFrmSingle(vb::Single value);
 vb::Text FormatPropertyLine(int depth, vb::TextView name, vb::TextView value_text);
 
 }  // namespace workbench
-

@@ -2,6 +2,10 @@
 // continuations); reading one declaration; the scan; the member table.
 #include "workbench/member_scan.hpp"
 
+#include <algorithm>
+#include <bit>
+#include <unordered_map>
+
 namespace workbench {
 namespace {
 
@@ -323,6 +327,7 @@ class Scanner {
     });
   }
 
+  bool InBody() const { return in_body_; }
   std::vector<ScannedMember> Take() { return std::move(members_); }
 
  private:
@@ -436,45 +441,208 @@ vb::Text FoldCase(vb::TextView name) {
   return folded;
 }
 
-std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines) {
+namespace {
+
+struct ScanOutcome {
+  std::vector<ScannedMember> members;
+  std::vector<std::uint8_t> top_level;  // as MemberTable::top_level_
+};
+
+// Scans `count` lines, line_at(i) giving line i (from 0) as a TextView.
+template <typename LineAt>
+ScanOutcome Scan(std::size_t count, LineAt&& line_at) {
   Scanner scanner;
+  std::vector<std::uint8_t> top_level(count + 1, 0);
+  bool ends_continued = false;
   Text joined;
   std::size_t i = 0;
-  while (i < lines.size()) {
+  while (i < count) {
+    top_level[i] = !scanner.InBody();
     const auto first_line = static_cast<std::int32_t>(i + 1);
+    const TextView first = line_at(i);
     bool in_comment = false;
     std::size_t cut = 0;
-    if (!Continues(lines[i], in_comment, cut)) {
-      scanner.LogicalLine(lines[i], first_line);
+    if (!Continues(first, in_comment, cut)) {
+      scanner.LogicalLine(first, first_line);
       ++i;
       continue;
     }
     // The '_' goes; the blank before it separates the joined parts.
-    joined.assign(lines[i], 0, cut);
+    joined.assign(first.substr(0, cut));
     ++i;
-    while (i < lines.size()) {
-      const Text& line = lines[i++];
+    ends_continued = true;
+    while (i < count) {
+      const TextView line = line_at(i++);
       if (!Continues(line, in_comment, cut)) {
         joined += line;
+        ends_continued = false;
         break;
       }
-      joined.append(line, 0, cut);
+      joined.append(line.substr(0, cut));
     }
     scanner.LogicalLine(joined, first_line);
   }
-  return scanner.Take();
+  // A last line that goes on would join whatever is added after it.
+  top_level[count] = !scanner.InBody() && !ends_continued;
+  return {scanner.Take(), std::move(top_level)};
 }
 
-MemberTable::MemberTable(std::span<const vb::Text> lines) : members_(ScanMembers(lines)) {
-  by_folded_name_.reserve(members_.size());
+ScanOutcome Scan(std::span<const vb::Text> lines) {
+  return Scan(lines.size(), [&](std::size_t i) { return TextView(lines[i]); });
+}
+
+ScanOutcome Scan(const ModuleText& text) {
+  return Scan(text.Count(), [&](std::size_t i) { return text.Line(i); });
+}
+
+// FNV-1a over the folded characters: equal for names that differ in case only.
+std::uint32_t FoldedHash(TextView name) {
+  std::uint32_t hash = 2166136261u;
+  for (const char16_t c : name) {
+    hash = (hash ^ FoldChar(c)) * 16777619u;
+  }
+  return hash;
+}
+
+bool SameFolded(TextView a, TextView b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] != b[i] && FoldChar(a[i]) != FoldChar(b[i])) return false;
+  }
+  return true;
+}
+
+// Moves a member's lines by `by`.
+void Shift(ScannedMember& member, std::int32_t by) {
+  member.line += by;
+  if (member.end_line) *member.end_line += by;
+  for (CodeExtent& part : member.more_parts) {
+    part.line += by;
+    if (part.end_line) *part.end_line += by;
+  }
+}
+
+// The first member declared at or after `line`.
+std::vector<ScannedMember>::iterator FirstFrom(std::vector<ScannedMember>& members,
+                                                std::int32_t line) {
+  return std::partition_point(members.begin(), members.end(),
+                              [&](const ScannedMember& m) { return m.line < line; });
+}
+
+}  // namespace
+
+std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines) {
+  return Scan(lines).members;
+}
+
+MemberTable::MemberTable(std::span<const vb::Text> lines) {
+  ScanOutcome outcome = Scan(lines);
+  members_ = std::move(outcome.members);
+  top_level_ = std::move(outcome.top_level);
+  name_hashes_.reserve(members_.size());
+  for (const ScannedMember& member : members_) name_hashes_.push_back(FoldedHash(member.name));
+  IndexNames();
+}
+
+MemberTable::MemberTable(const ModuleText& text) {
+  ScanOutcome outcome = Scan(text);
+  members_ = std::move(outcome.members);
+  top_level_ = std::move(outcome.top_level);
+  name_hashes_.reserve(members_.size());
+  for (const ScannedMember& member : members_) name_hashes_.push_back(FoldedHash(member.name));
+  IndexNames();
+}
+
+void MemberTable::IndexNames() {
+  // At most half full, so that probes stay short.
+  const std::size_t size = std::bit_ceil(std::max<std::size_t>(16, members_.size() * 2));
+  slots_.assign(size, 0);
+  const std::size_t mask = size - 1;
   for (std::size_t i = 0; i < members_.size(); ++i) {
-    by_folded_name_.try_emplace(FoldCase(members_[i].name), i);
+    for (std::size_t at = name_hashes_[i] & mask;; at = (at + 1) & mask) {
+      const std::uint32_t slot = slots_[at];
+      if (slot == 0) {
+        slots_[at] = static_cast<std::uint32_t>(i + 1);
+        break;
+      }
+      // An earlier member of the same name keeps the slot: Find gives the first.
+      if (name_hashes_[slot - 1] == name_hashes_[i] &&
+          SameFolded(members_[slot - 1].name, members_[i].name)) {
+        break;
+      }
+    }
   }
 }
 
 const ScannedMember* MemberTable::Find(vb::TextView name) const {
-  const auto it = by_folded_name_.find(FoldCase(name));
-  return it == by_folded_name_.end() ? nullptr : &members_[it->second];
+  const std::uint32_t hash = FoldedHash(name);
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+    const std::uint32_t slot = slots_[at];
+    if (slot == 0) return nullptr;
+    if (name_hashes_[slot - 1] == hash && SameFolded(members_[slot - 1].name, name)) {
+      return &members_[slot - 1];
+    }
+  }
+}
+
+bool MemberTable::FollowDeletion(std::int32_t first, std::int32_t count) {
+  if (count == 0) return true;
+  const std::int32_t last = first + count - 1;
+  const auto line_count = static_cast<std::int32_t>(top_level_.size() - 1);
+  // Both ends of the deleted stretch are between top-level statements.
+  if (!top_level_[static_cast<std::size_t>(first - 1)]) return false;
+  if (last < line_count && !top_level_[static_cast<std::size_t>(last)]) return false;
+  auto inside = [&](std::int32_t line) { return line >= first && line <= last; };
+  for (const ScannedMember& member : members_) {
+    if (member.kind != MemberKind::Property) continue;
+    if (inside(member.line)) return false;
+    for (const CodeExtent& part : member.more_parts) {
+      if (inside(part.line)) return false;
+    }
+  }
+  const auto gone = FirstFrom(members_, first);
+  const auto kept = FirstFrom(members_, last + 1);
+  for (auto it = kept; it != members_.end(); ++it) Shift(*it, -count);
+  name_hashes_.erase(name_hashes_.begin() + (gone - members_.begin()),
+                     name_hashes_.begin() + (kept - members_.begin()));
+  members_.erase(gone, kept);
+  // The boundary after the stretch takes the place of the one before it.
+  const auto from = top_level_.begin() + (first - 1);
+  top_level_.erase(from, from + count);
+  top_level_[static_cast<std::size_t>(first - 1)] = 1;
+  IndexNames();
+  return true;
+}
+
+bool MemberTable::FollowInsertion(const ModuleText& text, std::int32_t first, std::int32_t count) {
+  if (count == 0) return true;
+  if (!top_level_[static_cast<std::size_t>(first - 1)]) return false;
+  ScanOutcome added = Scan(static_cast<std::size_t>(count), [&](std::size_t i) {
+    return text.Line(static_cast<std::size_t>(first - 1) + i);
+  });
+  // What was added must close what it opens and declare no Property.
+  if (!added.top_level.back()) return false;
+  for (const ScannedMember& member : added.members) {
+    if (member.kind == MemberKind::Property) return false;
+  }
+  const auto later = FirstFrom(members_, first);
+  for (auto it = later; it != members_.end(); ++it) Shift(*it, count);
+  std::vector<std::uint32_t> added_hashes;
+  added_hashes.reserve(added.members.size());
+  for (ScannedMember& member : added.members) {
+    Shift(member, first - 1);
+    added_hashes.push_back(FoldedHash(member.name));
+  }
+  name_hashes_.insert(name_hashes_.begin() + (later - members_.begin()), added_hashes.begin(),
+                      added_hashes.end());
+  members_.insert(later, std::make_move_iterator(added.members.begin()),
+                  std::make_move_iterator(added.members.end()));
+  added.top_level.pop_back();  // the same as the boundary that follows
+  top_level_.insert(top_level_.begin() + (first - 1), added.top_level.begin(),
+                    added.top_level.end());
+  IndexNames();
+  return true;
 }
 
 }  // namespace workbench

@@ -19,10 +19,10 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "vb/text.hpp"
+#include "workbench/module_text.hpp"
 
 namespace workbench {
 
@@ -63,19 +63,44 @@ std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines);
 // ASCII and Latin-1 (the project files' code page covers these) to lower case.
 vb::Text FoldCase(vb::TextView name);
 
-// The members of one module text, with look-up by name. Immutable: an edited
-// module makes a new table.
+// The members of one module text, with look-up by name.
+//
+// A table can follow an edit of its text instead of being scanned anew, but
+// only where the result is exactly what a new scan would give; otherwise the
+// Follow call says so and changes nothing, and the caller scans again. It
+// can follow when the edit sits between two top-level statements (at the
+// start of a logical line, outside any procedure, Type or Enum body), when
+// what the edit removes or adds closes every body it opens, and when it
+// removes or adds no Property procedure (those of one name group into one
+// member, so they reach beyond the edit). Deleting whole procedures and
+// adding code after the last one are such edits.
 class MemberTable {
  public:
   explicit MemberTable(std::span<const vb::Text> lines);
+  explicit MemberTable(const ModuleText& text);
 
   const std::vector<ScannedMember>& All() const { return members_; }
   // The first member called `name` in any case, or null.
   const ScannedMember* Find(vb::TextView name) const;
 
+  // Lines first..first+count-1 (from 1) were deleted from the text. Returns
+  // whether the table now holds what a scan of the new text would give.
+  bool FollowDeletion(std::int32_t first, std::int32_t count);
+  // Lines first..first+count-1 of `text` were inserted (or appended). Same
+  // promise.
+  bool FollowInsertion(const ModuleText& text, std::int32_t first, std::int32_t count);
+
  private:
+  void IndexNames();
+
   std::vector<ScannedMember> members_;
-  std::unordered_map<vb::Text, std::size_t> by_folded_name_;
+  // The hash of each member's folded name, and an open-addressed table of
+  // member index + 1 (0: free) for look-up without making folded copies.
+  std::vector<std::uint32_t> name_hashes_;
+  std::vector<std::uint32_t> slots_;
+  // top_level_[i]: line i (from 0) begins a statement outside any body; the
+  // last entry is for the end of the text. Where edits can be followed.
+  std::vector<std::uint8_t> top_level_;
 };
 
 }  // namespace workbench

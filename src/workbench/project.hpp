@@ -30,7 +30,8 @@ namespace workbench {
 // "Refuse the next (or every) write of `property` on `control`": matched by
 // the control's name as it is at write time (any case, any index) and the
 // property name (any case). A property "Font" also matches every write to
-// that control's font object.
+// that control's font object; a property "Properties" makes the control's
+// Properties() itself fail instead of a write.
 struct Refusal {
   vb::Text control;
   vb::Text property;

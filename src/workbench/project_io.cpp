@@ -119,8 +119,7 @@ std::string RequireExisting(const fs::path& folder, const std::string& relative)
 // frmMain.frx. Empty for files without one.
 std::string CompanionOf(const std::string& relative) {
   static constexpr std::pair<std::u16string_view, std::string_view> kCompanions[] = {
-      {u".frm", ".frx"}, {u".ctl", ".ctx"}, {u".dsr", ".dsx"},
-      {u".pag", ".pgx"}, {u".dob", ".dox"},
+      {u".frm", ".frx"}, {u".ctl", ".ctx"}, {u".dsr", ".dsx"}, {u".pag", ".pgx"}, {u".dob", ".dox"},
   };
   const auto extension = vb::FromUtf8(fs::path(relative).extension().string());
   for (const auto& [designer, companion] : kCompanions) {
@@ -234,15 +233,29 @@ void LoadFont(Font& font, const FrmNode& group) {
 
 // ------------------------------------------------- opening
 
+// A property whose new-control default is the control's name (Caption,
+// Text) and that the file does not hold is empty: the IDE leaves out an
+// empty one, and the name was only ever a new control's starting value.
+template <typename Load>
+void EmptyNameDefaults(const std::vector<PropertySlot>& slots, Load load) {
+  std::vector<vb::Text> names;
+  for (const auto& slot : slots) {
+    if (slot.rule != nullptr && slot.rule->default_from == DefaultFrom::ControlName &&
+        !slot.from_file && !SameName(slot.name, u"Name")) {
+      names.push_back(slot.name);
+    }
+  }
+  for (const auto& name : names) load(name);
+}
+
 void LoadControlBlock(FormComponent& form, const FrmNode& node,
                       const std::shared_ptr<Control>& container, const FrxFile* frx) {
   auto control = form.LoadControl(node.type, node.name, container);
   for (const auto& child : node.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
-        control->LoadProperty(child.name,
-                              ValueFromFile(control->Rules().Find(child.name), child, frx),
-                              RawOf(child));
+        control->LoadProperty(
+            child.name, ValueFromFile(control->Rules().Find(child.name), child, frx), RawOf(child));
         break;
       case FrmNode::Kind::Group:
         if (SameName(child.name, u"Font") && control->GetFont() != nullptr) {
@@ -256,6 +269,9 @@ void LoadControlBlock(FormComponent& form, const FrmNode& node,
         break;
     }
   }
+  EmptyNameDefaults(control->Slots(), [&](const vb::Text& name) {
+    control->LoadProperty(name, vb::Value(vb::Text()), {});
+  });
   ControlFileData data{node};
   StripObjects(data.node);
   control->FileData() = std::move(data);
@@ -292,6 +308,9 @@ void LoadFormFile(Project& project, const fs::path& folder, const std::string& r
         break;
     }
   }
+  EmptyNameDefaults(form->FormSlots(), [&](const vb::Text& name) {
+    form->LoadFormProperty(name, vb::Value(vb::Text()), {});
+  });
   StripObjects(block);
   form->FileData() = std::move(data);
 }
@@ -382,7 +401,8 @@ class FrxAppender {
   vb::Text Reference(const vb::Text& text) {
     const std::string bytes = vb::ToCp1252(text);
     std::string blob(4, '\0');
-    for (std::size_t i = 0; i < 4; ++i) blob[i] = static_cast<char>((bytes.size() >> (8 * i)) & 0xFF);
+    for (std::size_t i = 0; i < 4; ++i)
+      blob[i] = static_cast<char>((bytes.size() >> (8 * i)) & 0xFF);
     blob += bytes;
     if (!data_.frx) data_.frx = FrxFile();
     std::string all = data_.frx->Bytes();
@@ -402,10 +422,10 @@ class FrxAppender {
 
 // Properties the IDE writes for every control that has them, default or not.
 bool AlwaysWritten(vb::TextView name, bool is_form) {
-  static constexpr std::u16string_view kControl[] = {u"Left", u"Top", u"Width", u"Height",
-                                                     u"TabIndex", u"X1", u"Y1", u"X2", u"Y2"};
-  static constexpr std::u16string_view kForm[] = {u"ClientHeight", u"ClientLeft", u"ClientTop",
-                                                  u"ClientWidth", u"ScaleHeight", u"ScaleWidth",
+  static constexpr std::u16string_view kControl[] = {
+      u"Left", u"Top", u"Width", u"Height", u"TabIndex", u"X1", u"Y1", u"X2", u"Y2"};
+  static constexpr std::u16string_view kForm[] = {u"ClientHeight",   u"ClientLeft",  u"ClientTop",
+                                                  u"ClientWidth",    u"ScaleHeight", u"ScaleWidth",
                                                   u"StartUpPosition"};
   const auto in = [&](const auto& names) {
     return std::any_of(std::begin(names), std::end(names),
@@ -519,9 +539,8 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, FrxAppender
     if (child.kind == FrmNode::Kind::Group && block.font != nullptr &&
         SameName(child.name, u"Font")) {
       font_done = true;
-      children.push_back(!block.font->raw.empty() && block.font->raw == FingerprintOf(child)
-                             ? child
-                             : FontGroup(*block.font, child.type));
+      // A font that kept its `raw` was not written since it was read.
+      children.push_back(!block.font->raw.empty() ? child : FontGroup(*block.font, child.type));
       continue;
     }
     const auto slot = slot_named(child.name);
@@ -531,10 +550,15 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, FrxAppender
       children.push_back(child);
       continue;
     }
-    done[static_cast<std::size_t>(slot - slots.begin())] = true;
-    if (!slot->raw.empty() && slot->raw == RawOf(child)) {
+    // A property that kept its `raw` was not written since it was read: its
+    // line stays as read (every line of it, should the file repeat it). A
+    // written one gets one new line in place of the first.
+    const auto index = static_cast<std::size_t>(slot - slots.begin());
+    const bool repeated = done[index];
+    done[index] = true;
+    if (!slot->raw.empty()) {
       children.push_back(child);
-    } else if (ShouldWrite(*slot, block)) {
+    } else if (!repeated && ShouldWrite(*slot, block)) {
       FrmNode changed = FrmNode::Property(child.name, ValueText(*slot, block.type, frx));
       if (child.line) changed.line_end = child.line->eol;
       children.push_back(std::move(changed));
@@ -542,7 +566,8 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, FrxAppender
   }
   for (std::size_t i = 0; i < slots.size(); ++i) {
     if (!done[i] && ShouldWrite(slots[i], block)) {
-      InsertInOrder(children, FrmNode::Property(slots[i].name, ValueText(slots[i], block.type, frx)));
+      InsertInOrder(children,
+                    FrmNode::Property(slots[i].name, ValueText(slots[i], block.type, frx)));
     }
   }
   if (block.font != nullptr && !font_done && !(*block.font == Font())) {
@@ -557,7 +582,7 @@ using ControlsByContainer = std::vector<std::pair<const Control*, std::shared_pt
 FrmNode BuildControl(const Control& control, const ControlsByContainer& all, FrxAppender& frx) {
   const auto* data = std::any_cast<ControlFileData>(&control.FileData());
   const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
-                         control.GetFont(), false, data == nullptr};
+                         control.GetFont(),   false,          data == nullptr};
   FrmNode node = BuildBlock(data != nullptr ? &data->node : nullptr, block, frx);
   for (const auto& [container, child] : all) {
     if (container == &control) node.children.push_back(BuildControl(*child, all, frx));
@@ -597,8 +622,8 @@ std::string BuildFormFile(const FormComponent& form, FormFileData& data, bool is
     all.emplace_back(placed ? container.get() : nullptr, control);
   }
 
-  const BlockModel block{document.Form().type, form.FormName(), form.FormSlots(),
-                         &form.FormFont(), true, is_new};
+  const BlockModel block{
+      document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
   FrmNode root = BuildBlock(&document.Form(), block, frx);
   for (const auto& [container, control] : all) {
     if (container == nullptr) root.children.push_back(BuildControl(*control, all, frx));
@@ -614,9 +639,8 @@ std::string BuildFormFile(const FormComponent& form, FormFileData& data, bool is
       continue;
     }
     auto& header = document.Header();
-    const auto after = std::find_if(header.rbegin(), header.rend(), [](const SourceLine& line) {
-      return !line.text.empty();
-    });
+    const auto after = std::find_if(header.rbegin(), header.rend(),
+                                    [](const SourceLine& line) { return !line.text.empty(); });
     header.insert(after.base(), {u"Object = " + QuoteFrmString(library->object) + u"; " +
                                      QuoteFrmString(library->file),
                                  document.LineEnd()});
@@ -648,8 +672,8 @@ SaveSet BuildSaveSet(const Project& project) {
   SaveSet set;
   const auto* data = std::any_cast<ProjectFileData>(&project.FileData());
   VbpFile vbp = data != nullptr ? data->vbp : NewProjectFile(project);
-  set.vbp_name = data != nullptr ? data->vbp_path.filename().string()
-                                 : vb::ToUtf8(project.Name()) + ".vbp";
+  set.vbp_name =
+      data != nullptr ? data->vbp_path.filename().string() : vb::ToUtf8(project.Name()) + ".vbp";
   for (const auto& form : project.Forms()) {
     const auto* form_data = std::any_cast<FormFileData>(&form->FileData());
     FormFileData working = form_data != nullptr ? *form_data : NewFormData(*form);
@@ -701,9 +725,8 @@ std::map<std::string, std::string> ProjectFileBytes(const Project& project) {
 void SaveProject(const Project& project) {
   const auto* data = std::any_cast<ProjectFileData>(&project.FileData());
   if (data == nullptr) {
-    throw vb::Failure(vb::kPathFileAccess,
-                      u"Path/File access error: the project " + project.Name() +
-                          u" has no project file yet");
+    throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
+                                               project.Name() + u" has no project file yet");
   }
   SaveProject(project, data->vbp_path);
 }

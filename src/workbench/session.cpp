@@ -50,7 +50,7 @@ Session::Session(SessionOptions options)
       store_(options_.settings_file.empty() ? forms::FileSettingsStore::DefaultPath()
                                             : options_.settings_file),
       frontend_(*this, options_.fonts ? *options_.fonts : *own_fonts_),
-      runtime_(frontend_, store_, options_.app_title),
+      runtime_(options_.frontend ? *options_.frontend : frontend_, store_, options_.app_title),
       trace_(options_.trace, options_.transcript),
       ide_(Ide::Create(options_.ide)) {
   runtime_.SetObserver(&trace_);
@@ -81,32 +81,40 @@ void Session::Enter(const ScriptLine& line) {
 void Session::Run(const std::vector<ScriptLine>& lines) {
   lines_ = &lines;
   next_ = 0;
-  while (next_ < lines.size()) {
-    const ScriptLine& line = lines[next_++];
-    Enter(line);
-    switch (SortOf(line)) {
-      case LineSort::Inspection:
-        Inspect(line);
-        break;
-      case LineSort::User:
-        Fail(line, "'" + line.verb +
-                       "' is a user action, but no dialog, message box or font service is open");
-      case LineSort::Ide:
-        try {
-          RunIde(line);
-        } catch (const vb::Failure& failure) {
-          trace_.Emit({{"event", "failure"},
-                       {"action", line.verb},
-                       {"number", failure.Number()},
-                       {"description", vb::ToUtf8(failure.Description())}});
-        } catch (const forms::InputExhausted& e) {
-          throw SessionError(e.what());
-        } catch (const forms::ScriptError& e) {
-          throw SessionError(e.what());
-        }
-        ListenToModules();
-        break;
-    }
+  while (next_ < lines.size()) Step(lines[next_++]);
+}
+
+void Session::RunLine(const ScriptLine& line) {
+  // No script follows the line: a headless dialog finds no user input.
+  lines_ = nullptr;
+  pending_.clear();
+  Step(line);
+}
+
+void Session::Step(const ScriptLine& line) {
+  Enter(line);
+  switch (SortOf(line)) {
+    case LineSort::Inspection:
+      Inspect(line);
+      break;
+    case LineSort::User:
+      Fail(line, "'" + line.verb +
+                     "' is a user action, but no dialog, message box or font service is open");
+    case LineSort::Ide:
+      try {
+        RunIde(line);
+      } catch (const vb::Failure& failure) {
+        trace_.Emit({{"event", "failure"},
+                     {"action", line.verb},
+                     {"number", failure.Number()},
+                     {"description", vb::ToUtf8(failure.Description())}});
+      } catch (const forms::InputExhausted& e) {
+        throw SessionError(e.what());
+      } catch (const forms::ScriptError& e) {
+        throw SessionError(e.what());
+      }
+      ListenToModules();
+      break;
   }
 }
 
@@ -281,6 +289,15 @@ void Session::Inspect(const ScriptLine& line) {
     auto project = ide_->ActiveProject();
     Json dump = project ? Json(DumpProject(*project)) : Json();
     trace_.Emit({{"event", "dump"}, {"project", dump}});
+  } else if (line.verb == "listing") {
+    // The selected form's code, line by line.
+    Json lines = Json::array();
+    if (form_ && form_->Module()) {
+      for (const auto& text : form_->Module()->AllLines()) lines.push_back(vb::ToUtf8(text));
+    }
+    trace_.Emit({{"event", "listing"},
+                 {"form", form_ ? vb::ToUtf8(form_->FormName()) : std::string()},
+                 {"lines", std::move(lines)}});
   } else if (line.verb == "state") {
     forms::Form* form = runtime_.ActiveForm();
     Json state = form ? Json(FormState(*form)) : Json();

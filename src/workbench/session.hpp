@@ -2,6 +2,10 @@
 // the settings store and an add-in, driven by a script of IDE and user actions,
 // with everything recorded in a trace.
 //
+// A session may instead be given another front end (a terminal) and be driven
+// one line at a time with RunLine: the user then answers dialogs through that
+// front end, and script lines carry IDE actions and inspections only.
+//
 // IDE actions run when their line is reached. When the add-in shows a dialog,
 // a message box or the font service, the front end takes the following lines
 // as the user's actions until it closes; an IDE action while something waits
@@ -50,6 +54,9 @@ struct SessionOptions {
   forms::FontCatalog* fonts = nullptr;
   // What a message box shows when its caller gives no title.
   vb::Text app_title = u"Vorrel";
+  // The front end that shows the add-in's dialogs; the headless one, fed
+  // from the script's user lines, when null. Must outlive the session.
+  forms::Frontend* frontend = nullptr;
 };
 
 class Session : private forms::ActionSource {
@@ -59,6 +66,10 @@ class Session : private forms::ActionSource {
 
   // Runs the lines in order. Throws SessionError for a script error.
   void Run(const std::vector<ScriptLine>& lines);
+  // Runs one IDE action or inspection on its own, as a prompt does. A user
+  // line is an error here: dialogs take their input from the front end.
+  // Throws SessionError for an error in the line; the session stays usable.
+  void RunLine(const ScriptLine& line);
 
   const Trace& GetTrace() const { return trace_; }
   Ide& GetIde() { return *ide_; }
@@ -68,6 +79,7 @@ class Session : private forms::ActionSource {
  private:
   std::optional<forms::UserAction> Next(forms::Waiting waiting,
                                         const std::string& description) override;
+  void Step(const ScriptLine& line);
   void RunIde(const ScriptLine& line);
   void Inspect(const ScriptLine& line);
   void Enter(const ScriptLine& line);

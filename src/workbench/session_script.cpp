@@ -114,6 +114,7 @@ const std::map<std::string, LineSort>& Verbs() {
       {"answer", LineSort::User},      {"font", LineSort::User},
       {"close", LineSort::User},       {"dump", LineSort::Inspection},
       {"state", LineSort::Inspection}, {"echo", LineSort::Inspection},
+      {"listing", LineSort::Inspection},
   };
   return verbs;
 }

@@ -4,7 +4,8 @@
 //
 // Three sorts of line: IDE actions (what a developer does in the designer),
 // user actions (answers to the add-in's dialogs, message boxes and the font
-// service, valid only while one of them waits) and inspections (dump, state),
+// service, valid only while one of them waits) and inspections (dump, state,
+// listing, echo),
 // valid anywhere.
 #pragma once
 

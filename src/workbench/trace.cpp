@@ -174,6 +174,12 @@ std::string Trace::Render(const Json& e) {
   if (ev.rfind("menu_", 0) == 0) return "menu " + ev.substr(5) + ": " + s("caption");
   if (ev == "state") return RenderState(e["state"]);
   if (ev == "dump") return RenderDump(e["project"]);
+  if (ev == "listing") {
+    std::string out = "code of " + e["form"].get<std::string>() + ":";
+    int n = 0;
+    for (const auto& l : e["lines"]) out += "\n    " + std::to_string(++n) + "  " + l.get<std::string>();
+    return out;
+  }
   if (ev == "failure") {
     return "FAILURE reached the IDE (" + s("number") + "): " + e["description"].get<std::string>();
   }

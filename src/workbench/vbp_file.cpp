@@ -6,9 +6,8 @@
 namespace workbench {
 namespace {
 
-constexpr std::u16string_view kMemberKeys[] = {u"Form",         u"Module",       u"Class",
-                                               u"UserControl",  u"PropertyPage", u"UserDocument",
-                                               u"Designer"};
+constexpr std::u16string_view kMemberKeys[] = {
+    u"Form", u"Module", u"Class", u"UserControl", u"PropertyPage", u"UserDocument", u"Designer"};
 
 vb::TextView TrimBlanks(vb::TextView text) {
   while (!text.empty() && (text.front() == u' ' || text.front() == u'\t')) text.remove_prefix(1);

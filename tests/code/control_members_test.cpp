@@ -22,19 +22,16 @@ TEST_P(BelongsTest, NameThenUnderscoreThenAnything) {
       << vb::ToUtf8(c.member) << " of " << vb::ToUtf8(c.control);
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, BelongsTest,
-                         ::testing::Values(BelongsCase{u"Text1_Click", u"Text1", true},
-                                           BelongsCase{u"Text10_Click", u"Text1", false},
-                                           BelongsCase{u"Text1_Click", u"Text10", false},
-                                           BelongsCase{u"Text1_", u"Text1", true},
-                                           BelongsCase{u"Text1", u"Text1", false},
-                                           BelongsCase{u"Text1_Sub_Part", u"Text1", true},
-                                           BelongsCase{u"text1_Click", u"Text1", false},
-                                           BelongsCase{u"Form_Load", u"Text1", false},
-                                           // Only '*' is special: '#' and '?' stand for themselves.
-                                           BelongsCase{u"A#_Click", u"A#", true},
-                                           BelongsCase{u"A1_Click", u"A#", false},
-                                           BelongsCase{u"AB_Click", u"A?", false}));
+INSTANTIATE_TEST_SUITE_P(
+    Names, BelongsTest,
+    ::testing::Values(
+        BelongsCase{u"Text1_Click", u"Text1", true}, BelongsCase{u"Text10_Click", u"Text1", false},
+        BelongsCase{u"Text1_Click", u"Text10", false}, BelongsCase{u"Text1_", u"Text1", true},
+        BelongsCase{u"Text1", u"Text1", false}, BelongsCase{u"Text1_Sub_Part", u"Text1", true},
+        BelongsCase{u"text1_Click", u"Text1", false}, BelongsCase{u"Form_Load", u"Text1", false},
+        // '*' is the only wildcard: '#' and '?' stand for themselves.
+        BelongsCase{u"A#_Click", u"A#", true}, BelongsCase{u"A1_Click", u"A#", false},
+        BelongsCase{u"AB_Click", u"A?", false}));
 
 std::shared_ptr<workbench::CodeModule> Module(const char16_t* text) {
   return workbench::CodeModule::FromText(u"Form1", text);

@@ -78,10 +78,11 @@ INSTANTIATE_TEST_SUITE_P(
                    [](Project& p) { Sheet(p, u"Label1", u"Alignment", u"2"); },
                    {{"Label1 \r\n      Caption",
                      "Label1 \r\n      Alignment       =   2  'Center\r\n      Caption"}}},
-        SampleEdit{"CheckBoxValueGetsItsName",
-                   [](Project& p) { Sheet(p, u"Check1", u"Value", u"1"); },
-                   {{"      Top             =   1080\r\n",
-                     "      Top             =   1080\r\n      Value           =   1  'Checked\r\n"}}},
+        SampleEdit{
+            "CheckBoxValueGetsItsName",
+            [](Project& p) { Sheet(p, u"Check1", u"Value", u"1"); },
+            {{"      Top             =   1080\r\n",
+              "      Top             =   1080\r\n      Value           =   1  'Checked\r\n"}}},
         SampleEdit{"DeletedControlLosesItsBlock",
                    [](Project& p) { p.Forms().front()->DeleteControl(u"Check1"); },
                    {{"   Begin VB.CheckBox Check1 \r\n"
@@ -116,10 +117,10 @@ INSTANTIATE_TEST_SUITE_P(
         SampleEdit{"RenamedControlGetsANewBeginLine",
                    [](Project& p) { p.Forms().front()->RenameControl(u"Text1", u"txtName"); },
                    {{"   Begin VB.TextBox Text1 \r\n", "   Begin VB.TextBox txtName \r\n"}}},
-        SampleEdit{"NewControlGoesLastInItsContainer",
-                   [](Project& p) { p.Forms().front()->AddControl(u"CommandButton"); },
-                   {{"   End\r\nEnd\r\nAttribute", "   End\r\n" + kCommand2Block +
-                                                      "End\r\nAttribute"}}},
+        SampleEdit{
+            "NewControlGoesLastInItsContainer",
+            [](Project& p) { p.Forms().front()->AddControl(u"CommandButton"); },
+            {{"   End\r\nEnd\r\nAttribute", "   End\r\n" + kCommand2Block + "End\r\nAttribute"}}},
         SampleEdit{"ChangedFontGetsAFullBlock",
                    [](Project& p) {
                      ControlOn(p, u"frmMain", u"Label1")
@@ -194,7 +195,8 @@ TEST_F(FixtureEdits, MixedLineEndsKeepEachLinesOwnEnd) {
   form->Module()->AddFromString(u"' added");
   EXPECT_EQ(Saved("mixed_line_ends.frm"), expected + "' added\r\n");
   form->Module()->DeleteLines(2, 1);
-  EXPECT_EQ(Saved("mixed_line_ends.frm"), Edited(expected, "Option Explicit\r\n\n", "Option Explicit\r\n") + "' added\r\n");
+  EXPECT_EQ(Saved("mixed_line_ends.frm"),
+            Edited(expected, "Option Explicit\r\n\n", "Option Explicit\r\n") + "' added\r\n");
 }
 
 TEST_F(FixtureEdits, ArrayMemberDeletedByIndex) {
@@ -230,9 +232,16 @@ TEST_F(FixtureEdits, UnknownClassKeepsItsProperties) {
 TEST_F(FixtureEdits, OtherLibrariesGroupsAndFontsSurviveAnEdit) {
   auto form = project_->FindForm(u"frmFonts");
   form->SetPropertyFromSheet(*form->FindControl(u"lvwItems"), u"Top", u"1440");
-  EXPECT_EQ(Saved("font_blocks.frm"),
-            Edited(Original("font_blocks.frm"), "Top             =   1320",
-                   "Top             =   1440"));
+  EXPECT_EQ(
+      Saved("font_blocks.frm"),
+      Edited(Original("font_blocks.frm"), "Top             =   1320", "Top             =   1440"));
+}
+
+TEST_F(FixtureEdits, CaptionMissingFromTheFileIsEmpty) {
+  // The sample's Text1 has no Text line: its text is empty, not its name.
+  auto sample = OpenProject(SampleDir() / "Sample.vbp");
+  EXPECT_EQ(ControlOn(*sample, u"frmMain", u"Text1")->Get(u"Text"), vb::Value(u""));
+  EXPECT_EQ(ControlOn(*sample, u"frmMain", u"Label1")->Get(u"Caption"), vb::Value(u"&Name:"));
 }
 
 TEST_F(FixtureEdits, FontReadIntoTheModel) {
@@ -249,8 +258,7 @@ TEST_F(FixtureEdits, FontReadIntoTheModel) {
 TEST_F(FixtureEdits, StringsInTheSideFileShowTheirText) {
   EXPECT_EQ(ControlOn(*project_, u"frmFrx", u"txtNotes")->Get(u"Text"),
             vb::Value(u"First line\r\nSecond line"));
-  EXPECT_EQ(ControlOn(*project_, u"frmFrx", u"txtNotes")->Get(u"ToolTipText"),
-            vb::Value(u"Short"));
+  EXPECT_EQ(ControlOn(*project_, u"frmFrx", u"txtNotes")->Get(u"ToolTipText"), vb::Value(u"Short"));
 }
 
 TEST_F(FixtureEdits, ChangedSideFileStringGoesInline) {
@@ -281,21 +289,23 @@ TEST_F(FixtureEdits, WindowsCodePageTextBothWays) {
             vb::Value(u"Caf\u00e9 \"sp\u00e9cial\""));
   project_->FindForm(u"frmAccents")
       ->SetPropertyFromSheet(*price, u"Caption", u"\u00c4rger \u2013 5 \u20ac");
-  EXPECT_EQ(Saved("cp1252.frm"), Edited(Original("cp1252.frm"), "Preis: 10 \x80 \x84netto\x93",
-                                        "\xc4rger \x96 5 \x80"));
+  EXPECT_EQ(Saved("cp1252.frm"),
+            Edited(Original("cp1252.frm"), "Preis: 10 \x80 \x84netto\x93", "\xc4rger \x96 5 \x80"));
 }
 
 TEST_F(FixtureEdits, NewControlOfAnotherLibraryLoadsIt) {
   auto form = project_->FindForm(u"frmPicker");
   form->AddControl(u"RichTextBox");
   const std::string frm = Saved("unknown_class.frm");
-  EXPECT_NE(frm.find("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
-                     "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
-                     "Begin VB.Form frmPicker \r\n"),
-            std::string::npos);
+  EXPECT_NE(
+      frm.find("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
+               "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
+               "Begin VB.Form frmPicker \r\n"),
+      std::string::npos);
   EXPECT_NE(frm.find("   Begin RichTextLib.RichTextBox RichTextBox1 \r\n"), std::string::npos);
-  EXPECT_NE(Saved("Fixtures.vbp").find("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
-                                       "RICHTX32.OCX\r\nForm=nested_frames.frm"),
+  EXPECT_NE(Saved("Fixtures.vbp")
+                .find("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
+                      "RICHTX32.OCX\r\nForm=nested_frames.frm"),
             std::string::npos);
 }
 
@@ -325,8 +335,8 @@ TEST(SaveProject, ReplacesOnlyWhatChanged) {
   const auto vbp = temp.Path() / "Sample.vbp";
   auto project = OpenProject(vbp);
   const auto module_time = std::filesystem::last_write_time(temp.Path() / "modUtil.bas");
-  project->Forms().front()->SetPropertyFromSheet(
-      *project->Forms().front()->FindControl(u"Label1"), u"Caption", u"Your name:");
+  project->Forms().front()->SetPropertyFromSheet(*project->Forms().front()->FindControl(u"Label1"),
+                                                 u"Caption", u"Your name:");
   SaveProject(*project);
   EXPECT_NE(ReadBytes(temp.Path() / "frmMain.frm").find("\"Your name:\""), std::string::npos);
   EXPECT_EQ(std::filesystem::last_write_time(temp.Path() / "modUtil.bas"), module_time);
@@ -337,6 +347,25 @@ TEST(SaveProject, ReplacesOnlyWhatChanged) {
     ++files;
   }
   EXPECT_EQ(files, 3U);
+}
+
+TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
+  TempDir temp;
+  const std::string label =
+      "   Begin VB.Label L \r\n"
+      "      Caption         =   \"one\"\r\n"
+      "      Caption         =   \"two\"\r\n"
+      "   End\r\n";
+  const std::string form =
+      "VERSION 5.00\r\nBegin VB.Form F \r\n" + label + "End\r\nAttribute VB_Name = \"F\"\r\n";
+  testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  testing::WriteBytes(temp.Path() / "F.frm", form);
+  auto project = OpenProject(temp.Path() / "P.vbp");
+  EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
+  auto f = project->FindForm(u"F");
+  f->SetPropertyFromSheet(*f->FindControl(u"L"), u"Caption", u"three");
+  EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"),
+            Edited(form, "\"one\"\r\n      Caption         =   \"two\"", "\"three\""));
 }
 
 TEST(OpenProject, FindsMembersWhoseNameDiffersInCase) {

@@ -101,19 +101,20 @@ TEST_P(FormatLineTest, WritesAsTheIde) {
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, FormatLineTest,
-    ::testing::Values(
-        LineCase{1, u"Caption", vb::Value(u"Form1"), u"", u"   Caption         =   \"Form1\""},
-        LineCase{2, u"Caption", vb::Value(u"A \"B\""), u"",
-                 u"      Caption         =   \"A \"\"B\"\"\""},
-        LineCase{2, u"Enabled", vb::Value(vb::Boolean::False), u"",
-                 u"      Enabled         =   0   'False"},
-        LineCase{3, u"Value", vb::Value(vb::Boolean::True), u"",
-                 u"         Value           =   -1  'True"},
-        LineCase{1, u"StartUpPosition", vb::Value(vb::Integer{3}), u"Windows Default",
-                 u"   StartUpPosition =   3  'Windows Default"},
-        LineCase{2, u"CausesValidation", vb::Value(vb::Boolean::False), u"",
-                 u"      CausesValidation=   0   'False"},
-        LineCase{2, u"Width", vb::Value(vb::Long{-1215}), u"", u"      Width           =   -1215"}));
+    ::testing::Values(LineCase{1, u"Caption", vb::Value(u"Form1"), u"",
+                               u"   Caption         =   \"Form1\""},
+                      LineCase{2, u"Caption", vb::Value(u"A \"B\""), u"",
+                               u"      Caption         =   \"A \"\"B\"\"\""},
+                      LineCase{2, u"Enabled", vb::Value(vb::Boolean::False), u"",
+                               u"      Enabled         =   0   'False"},
+                      LineCase{3, u"Value", vb::Value(vb::Boolean::True), u"",
+                               u"         Value           =   -1  'True"},
+                      LineCase{1, u"StartUpPosition", vb::Value(vb::Integer{3}), u"Windows Default",
+                               u"   StartUpPosition =   3  'Windows Default"},
+                      LineCase{2, u"CausesValidation", vb::Value(vb::Boolean::False), u"",
+                               u"      CausesValidation=   0   'False"},
+                      LineCase{2, u"Width", vb::Value(vb::Long{-1215}), u"",
+                               u"      Width           =   -1215"}));
 
 TEST(EnumValueName, ClassRowsWinAndOtherLibrariesGetNone) {
   EXPECT_EQ(EnumValueName(u"VB.Form", u"BorderStyle", 3), u"Fixed Dialog");
@@ -134,17 +135,17 @@ std::string Le(std::uint32_t value, int bytes) {
 }
 
 TEST(FrxFile, ReadsEachLayoutAtItsOffset) {
-  const std::string bytes = "pad" + Le(3, 4) + "a\x80z" +         // string at 3
-                            Le(2, 1) + "hi" +                     // short string at 10
-                            Le(2, 2) + Le(1, 2) + "x" + Le(0, 2) +  // list at 13
-                            Le(2, 2) + Le(7, 4) + Le(0xFFFFFFFF, 4) +  // item data at 22
-                            Le(2, 4) + "BM";                          // blob at 32
+  const std::string bytes = "pad" + Le(3, 4) + "a\x80z" +              // string at 3
+                            Le(2, 1) + "hi" +                          // short string at 10
+                            Le(2, 2) + Le(1, 2) + "x" + Le(0, 2) +     // list at 13
+                            Le(2, 2) + Le(7, 4) + Le(0xFFFFFFFF, 4) +  // item data at 20
+                            Le(2, 4) + "BM";                           // blob at 30
   const FrxFile frx(bytes);
   EXPECT_EQ(frx.ReadString(3), u"a\u20acz");
   EXPECT_EQ(frx.ReadShortString(10), u"hi");
   EXPECT_EQ(frx.ReadList(13), (std::vector<vb::Text>{u"x", u""}));
-  EXPECT_EQ(frx.ReadItemData(22), (std::vector<vb::Long>{7, -1}));
-  EXPECT_EQ(frx.ReadBlob(32), "BM");
+  EXPECT_EQ(frx.ReadItemData(20), (std::vector<vb::Long>{7, -1}));
+  EXPECT_EQ(frx.ReadBlob(30), "BM");
 }
 
 TEST(FrxFile, CountsPastTheEndReadAsNothing) {
@@ -225,14 +226,17 @@ INSTANTIATE_TEST_SUITE_P(
     Cases, MalformedForm,
     ::testing::Values(
         MalformedCase{"Empty", "", u"bad.frm: no form block (Begin ... End) in the file"},
-        MalformedCase{"BeginWithoutEnd", "VERSION 5.00\r\nBegin VB.Form F \r\n   Caption = \"x\"\r\n",
+        MalformedCase{"BeginWithoutEnd",
+                      "VERSION 5.00\r\nBegin VB.Form F \r\n   Caption = \"x\"\r\n",
                       u"bad.frm line 2: Begin without End"},
-        MalformedCase{"InnerBlockLeftOpen",
-                      "Begin VB.Form F\r\n   Begin VB.Label L\r\n   End\r\n   Begin VB.Label M\r\nEnd\r\n",
-                      u"bad.frm line 1: Begin without End"},
+        MalformedCase{
+            "InnerBlockLeftOpen",
+            "Begin VB.Form F\r\n   Begin VB.Label L\r\n   End\r\n   Begin VB.Label M\r\nEnd\r\n",
+            u"bad.frm line 1: Begin without End"},
         MalformedCase{"EndWithoutBegin", "VERSION 5.00\r\nEnd\r\n",
                       u"bad.frm line 2: End without Begin"},
-        MalformedCase{"PropertyOutsideBlock", "VERSION 5.00\r\nCaption = \"x\"\r\nBegin VB.Form F\r\nEnd\r\n",
+        MalformedCase{"PropertyOutsideBlock",
+                      "VERSION 5.00\r\nCaption = \"x\"\r\nBegin VB.Form F\r\nEnd\r\n",
                       u"bad.frm line 2: property line outside a Begin block"},
         MalformedCase{"StrayText", "hello\r\nBegin VB.Form F\r\nEnd\r\n",
                       u"bad.frm line 1: unexpected line before the form's Begin block"},
@@ -242,7 +246,8 @@ INSTANTIATE_TEST_SUITE_P(
                       u"bad.frm line 2: property line without a name"},
         MalformedCase{"BeginWithoutName", "Begin VB.Form\r\nEnd\r\n",
                       u"bad.frm line 1: Begin needs a class and a name"},
-        MalformedCase{"GroupClosedByEnd", "Begin VB.Form F\n BeginProperty Font\n Name = \"x\"\nEnd\n",
+        MalformedCase{"GroupClosedByEnd",
+                      "Begin VB.Form F\n BeginProperty Font\n Name = \"x\"\nEnd\n",
                       u"bad.frm line 4: End where EndProperty was expected"},
         MalformedCase{"GroupLeftOpen", "Begin VB.Form F\n BeginProperty Font\n",
                       u"bad.frm line 2: BeginProperty without EndProperty"},
@@ -250,9 +255,11 @@ INSTANTIATE_TEST_SUITE_P(
                       u"bad.frm line 2: EndProperty without BeginProperty"},
         MalformedCase{"GroupOutsideBlock", "BeginProperty Font\nEndProperty\n",
                       u"bad.frm line 1: BeginProperty outside a Begin block"},
-        MalformedCase{"BlockInsideGroup", "Begin VB.Form F\n BeginProperty Font\n Begin VB.Label L\n",
+        MalformedCase{"BlockInsideGroup",
+                      "Begin VB.Form F\n BeginProperty Font\n Begin VB.Label L\n",
                       u"bad.frm line 3: Begin inside a BeginProperty group"},
-        MalformedCase{"NestedTooDeeply", DeepNesting(), u"bad.frm line 101: blocks nested too deeply"}),
+        MalformedCase{"NestedTooDeeply", DeepNesting(),
+                      u"bad.frm line 101: blocks nested too deeply"}),
     [](const auto& c) { return std::string(c.param.name); });
 
 TEST(FrmDocument, EveryByteSurvivesARoundTrip) {
@@ -265,7 +272,8 @@ TEST(FrmDocument, EveryByteSurvivesARoundTrip) {
                             "\"\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n' " + code + "\r\n";
   const auto document = FrmDocument::Parse(bytes, u"x");
   EXPECT_EQ(document.Write(), bytes);
-  EXPECT_EQ(ParseFrmValue(*document.Form().PropertyValue(u"caption")).text, vb::FromCp1252(caption));
+  EXPECT_EQ(ParseFrmValue(*document.Form().PropertyValue(u"caption")).text,
+            vb::FromCp1252(caption));
   EXPECT_EQ(vb::ToCp1252(document.CodeLines().at(0)), "' " + code);
 }
 
@@ -280,7 +288,7 @@ TEST(FrmDocument, ReadsTheParts) {
   EXPECT_EQ(document.CodeLines().front(), u"Option Explicit");
   auto form = document.Form();
   ASSERT_NE(form.FindObject(u"txtField", 0), nullptr);
-  EXPECT_EQ(form.FindObject(u"TXTFIELD", 0)->line_number, 20U);
+  EXPECT_EQ(form.FindObject(u"TXTFIELD", 0)->line_number, 21U);
   EXPECT_EQ(form.FindObject(u"txtField", 1)->PropertyValue(u"Text"), u"\"second\"");
   EXPECT_EQ(form.FindObject(u"txtField"), nullptr);  // every one is in the array
 }
@@ -295,16 +303,16 @@ TEST(FrmDocument, NodeEditsKeepWhatDidNotChange) {
   ASSERT_NE(label, nullptr);
   label->SetProperty(u"Caption", u"\"L\"");  // unchanged
   label->SetProperty(u"Height", u"255");     // new: after the last property
-  document.Form().SetProperty(u"caption", u"\"G\"");
-  EXPECT_TRUE(document.Form().RemoveProperty(u"Caption") || true);
-  document.Form().SetProperty(u"Caption", u"\"G\"");
+  label->SetProperty(u"Width", u"975");
+  EXPECT_TRUE(label->RemoveProperty(u"width"));
+  EXPECT_FALSE(label->RemoveProperty(u"Width"));
+  document.Form().SetProperty(u"caption", u"\"G\"");  // changed: written anew
   document.SetAttribute(u"VB_Name", u"\"F\"");
   EXPECT_EQ(document.Write(),
             "Begin VB.Form F \r\n   Caption         =   \"G\"\r\n   Begin VB.Label L \r\n"
             "      Caption         =   \"L\"\r\n      Height          =   255\r\n"
             "      BeginProperty Font \r\n      EndProperty\r\n   End\r\nEnd\r\n"
             "Attribute VB_Name = \"F\"\r\n");
-  EXPECT_FALSE(label->RemoveProperty(u"Missing"));
 }
 
 }  // namespace

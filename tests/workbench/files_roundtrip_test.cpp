@@ -75,7 +75,8 @@ TEST_P(WholeProjectRoundTrip, SavedCopyIsIdentical) {
   SaveProject(*OpenProject(GetParam()), copy);
   std::size_t compared = 0;
   for (const auto& entry : std::filesystem::directory_iterator(temp.Path())) {
-    EXPECT_EQ(ReadBytes(entry.path()), ReadBytes(GetParam().parent_path() / entry.path().filename()))
+    EXPECT_EQ(ReadBytes(entry.path()),
+              ReadBytes(GetParam().parent_path() / entry.path().filename()))
         << entry.path().filename();
     ++compared;
   }

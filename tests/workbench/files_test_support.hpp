@@ -59,7 +59,8 @@ class TempDir {
 // Copies every file of `from` (not recursive) into `to`.
 inline void CopyFolder(const std::filesystem::path& from, const std::filesystem::path& to) {
   for (const auto& entry : std::filesystem::directory_iterator(from)) {
-    if (entry.is_regular_file()) std::filesystem::copy_file(entry.path(), to / entry.path().filename());
+    if (entry.is_regular_file())
+      std::filesystem::copy_file(entry.path(), to / entry.path().filename());
   }
 }
 

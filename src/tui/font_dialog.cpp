@@ -1,0 +1,103 @@
+#include "tui/font_dialog.hpp"
+
+#include <array>
+
+#include "forms/case_fold.hpp"
+#include "forms/runtime.hpp"
+#include "vb/convert.hpp"
+#include "vb/failure.hpp"
+
+namespace tui {
+namespace {
+
+using K = forms::ControlKind;
+
+constexpr std::array<forms::ControlSpec, 11> kDesign = {{
+    {K::Label, "lblFont", -1, u"&Font:"},
+    {K::ListBox, "lstFont"},
+    {K::Label, "lblSize", -1, u"&Size:"},
+    {K::TextBox, "txtSize", -1, u"", nullptr, 0, u"", 6},
+    {K::Frame, "fraEffects", -1, u"Effects"},
+    {K::CheckBox, "chkBold", -1, u"&Bold", "fraEffects"},
+    {K::CheckBox, "chkItalic", -1, u"&Italic", "fraEffects"},
+    {K::CheckBox, "chkUnderline", -1, u"&Underline", "fraEffects"},
+    {K::CheckBox, "chkStrikethru", -1, u"S&trikethru", "fraEffects"},
+    {K::CommandButton, "cmdOK", -1, u"OK", nullptr, 0, u"", 0, forms::kDefault},
+    {K::CommandButton, "cmdCancel", -1, u"Cancel", nullptr, 0, u"", 0, forms::kCancel},
+}};
+
+constexpr vb::Single kLargest = 2048.0F;
+
+std::int16_t Tick(bool on) { return on ? 1 : 0; }
+
+}  // namespace
+
+FontDialog::FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& families,
+                       const forms::FontChoice& given)
+    : Form(runtime, "frmFont", u"Font", kDesign, forms::StartUpPosition::CenterScreen),
+      families_(&families),
+      given_(given) {
+  Get<forms::CommandButton>("cmdOK").Click = [this](forms::Control&) { cmdOK_Click(); };
+  Get<forms::CommandButton>("cmdCancel").Click = [this](forms::Control&) { Hide(); };
+  // The size takes digits and one decimal point; Backspace passes.
+  Get<forms::TextBox>("txtSize").KeyPress = [](forms::Control&, forms::KeyPressArgs& key) {
+    const auto c = key.KeyAscii;
+    if (c != 8 && c != '.' && (c < '0' || c > '9')) key.KeyAscii = 0;
+  };
+}
+
+void FontDialog::Form_Load() {
+  auto& list = Get<forms::ListBox>("lstFont");
+  for (const vb::Text& family : *families_) {
+    list.AddItem(family);
+    if (list.ListIndex() < 0 && forms::detail::CompareNoCase(family, given_.name) == 0)
+      list.SetListIndex(list.NewIndex());
+  }
+  // Selected whole, so that typing a size replaces it.
+  auto& size = Get<forms::TextBox>("txtSize");
+  size.SetText(vb::SingleToText(given_.size));
+  size.SetSelLength(static_cast<std::int32_t>(size.Text().size()));
+  Get<forms::CheckBox>("chkBold").SetValue(Tick(given_.bold));
+  Get<forms::CheckBox>("chkItalic").SetValue(Tick(given_.italic));
+  Get<forms::CheckBox>("chkUnderline").SetValue(Tick(given_.underline));
+  Get<forms::CheckBox>("chkStrikethru").SetValue(Tick(given_.strike_thru));
+}
+
+forms::FontChoice FontDialog::Choice() const {
+  forms::FontChoice font = given_;
+  const auto& list = Get<forms::ListBox>("lstFont");
+  if (list.ListIndex() >= 0) font.name = list.List(list.ListIndex());
+  try {
+    font.size = vb::CSng(Get<forms::TextBox>("txtSize").Text());
+  } catch (const vb::Failure&) {
+    // Not a number: the size stays as given; OK refuses it before this.
+  }
+  font.bold = Get<forms::CheckBox>("chkBold").Value() != 0;
+  font.italic = Get<forms::CheckBox>("chkItalic").Value() != 0;
+  font.underline = Get<forms::CheckBox>("chkUnderline").Value() != 0;
+  font.strike_thru = Get<forms::CheckBox>("chkStrikethru").Value() != 0;
+  return font;
+}
+
+void FontDialog::cmdOK_Click() {
+  auto& size = Get<forms::TextBox>("txtSize");
+  bool good = false;
+  try {
+    const vb::Single value = vb::CSng(size.Text());
+    good = value >= 1.0F && value <= kLargest;
+  } catch (const vb::Failure&) {
+    // Reported below, as an empty or malformed size is.
+  }
+  if (!good) {
+    GetRuntime().MsgBox(u"The size must be a number from 1 to 2048.", forms::vbExclamation,
+                        u"Font");
+    size.SetFocus();
+    size.SetSelStart(0);
+    size.SetSelLength(static_cast<std::int32_t>(size.Text().size()));
+    return;
+  }
+  chosen_ = true;
+  Hide();
+}
+
+}  // namespace tui

@@ -1,0 +1,38 @@
+// The terminal's font service: a small form listing the system's font
+// families, with a size field and the four style toggles.
+//
+// The dialog is an ordinary form of the forms runtime, so the terminal shows
+// it and takes its keys as it does for the add-in's dialogs. Enter presses
+// OK, Esc presses Cancel. OK with a size that is no number from 1 to 2048
+// says so in a message box and keeps the dialog open. The given family stays
+// chosen until the user picks another, even when the system lacks it.
+#pragma once
+
+#include <vector>
+
+#include "forms/form.hpp"
+#include "forms/frontend.hpp"
+
+namespace tui {
+
+class FontDialog : public forms::Form {
+ public:
+  // `runtime` shows the dialog; `families` are what the list offers, sorted.
+  FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& families,
+             const forms::FontChoice& given);
+  // Whether the user closed the dialog with OK.
+  bool Chosen() const { return chosen_; }
+  // The font as the dialog shows it now.
+  forms::FontChoice Choice() const;
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void cmdOK_Click();
+  const std::vector<vb::Text>* families_;
+  forms::FontChoice given_;
+  bool chosen_ = false;
+};
+
+}  // namespace tui

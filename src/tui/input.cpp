@@ -1,0 +1,107 @@
+// Presses, delivered: to a form through its user-input entry points, to a
+// message box through its choice of buttons.
+#include "tui/input.hpp"
+
+#include <algorithm>
+
+#include "forms/case_fold.hpp"
+#include "forms/frontend.hpp"
+#include "tui/layout.hpp"
+
+namespace tui {
+namespace {
+
+// A list box moves to the next row after its cursor that starts with a typed
+// letter, wrapping round, as list boxes do; a long list of font families is
+// usable that way.
+void SeekRow(forms::ListBox& list, char16_t letter) {
+  if (!list.EffectivelyEnabled()) return;
+  const std::int32_t n = list.ListCount();
+  const char16_t wanted = forms::detail::FoldUpper(letter);
+  for (std::int32_t step = 1; step <= n; ++step) {
+    const std::int32_t i = (std::max(list.ListIndex(), -1) + step + n) % n;
+    const vb::Text& row = list.List(i);
+    if (!row.empty() && forms::detail::FoldUpper(row.front()) == wanted) {
+      list.SetListIndex(i);
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+void Deliver(forms::Form& form, const Input& input) {
+  switch (input.type) {
+    case Input::Type::Key: {
+      auto* list = dynamic_cast<forms::ListBox*>(form.ActiveControl());
+      if (input.key == forms::Key::Space && list && list->CheckBoxStyle()) {
+        if (list->ListCount() > 0) form.UserToggleRow(*list, ListCursor(*list));
+        return;
+      }
+      form.UserKey(input.key);
+      return;
+    }
+    case Input::Type::Char:
+      // A typed blank is the Space key: it ticks, presses and toggles.
+      if (input.ch == u' ') return Deliver(form, Input::Pressed(forms::Key::Space));
+      if (auto* list = dynamic_cast<forms::ListBox*>(form.ActiveControl())) {
+        SeekRow(*list, input.ch);
+        return;
+      }
+      form.UserChar(input.ch);
+      return;
+    case Input::Type::Alt:
+      form.UserAltKey(input.ch);
+      return;
+    case Input::Type::Close:
+      form.UserClose();
+      return;
+    case Input::Type::Resize:
+    case Input::Type::None:
+      return;
+  }
+}
+
+ButtonChoice::ButtonChoice(std::int32_t style) : buttons_(forms::MsgBoxButtons(style)) {
+  const auto second = static_cast<std::size_t>((style >> 8) & 3);
+  if (second < buttons_.size()) chosen_ = second;
+}
+
+std::optional<std::int32_t> ButtonChoice::Press(const Input& input) {
+  const std::size_t n = buttons_.size();
+  if (input.type == Input::Type::Key) {
+    switch (input.key) {
+      case forms::Key::Left:
+      case forms::Key::Up:
+      case forms::Key::ShiftTab:
+        chosen_ = (chosen_ + n - 1) % n;
+        return std::nullopt;
+      case forms::Key::Right:
+      case forms::Key::Down:
+      case forms::Key::Tab:
+        chosen_ = (chosen_ + 1) % n;
+        return std::nullopt;
+      case forms::Key::Enter:
+      case forms::Key::Space:
+        return buttons_[chosen_];
+      case forms::Key::Escape:
+        for (std::int32_t b : buttons_) {
+          if (b == forms::vbCancel) return b;
+        }
+        if (n == 1 && buttons_[0] == forms::vbOK) return forms::vbOK;
+        return std::nullopt;
+      default:
+        return std::nullopt;
+    }
+  }
+  if (input.type == Input::Type::Char || input.type == Input::Type::Alt) {
+    if (input.ch == u' ') return buttons_[chosen_];
+    const char16_t letter = forms::detail::FoldUpper(input.ch);
+    for (std::int32_t b : buttons_) {
+      if (static_cast<char16_t>(forms::MsgBoxResultName(b)[0]) == letter) return b;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace tui

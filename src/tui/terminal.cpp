@@ -1,0 +1,258 @@
+// Curses behind the Terminal class: starting and pausing visual mode, drawing
+// attributed text and decoding key presses.
+#include "tui/terminal.hpp"
+
+#include <curses.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include "forms/frontend.hpp"
+
+namespace tui {
+namespace {
+
+// Curses takes wide characters; the text is UTF-16 inside.
+std::wstring Wide(vb::TextView text) {
+  std::wstring out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t c = text[i];
+    if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
+        text[i + 1] < 0xE000) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (text[i + 1] - 0xDC00);
+      ++i;
+    }
+    out.push_back(static_cast<wchar_t>(c));
+  }
+  return out;
+}
+
+attr_t CursesAttrs(unsigned attrs) {
+  attr_t a = A_NORMAL;
+  if (attrs & kReverse) a |= A_REVERSE;
+  if (attrs & kBold) a |= A_BOLD;
+  if (attrs & kDim) a |= A_DIM;
+  if (attrs & kUnderline) a |= A_UNDERLINE;
+  return a;
+}
+
+// How long an Esc waits for a letter that makes it Alt+letter, and for the
+// rest of an arrow key's sequence: short enough that Esc alone feels
+// immediate.
+constexpr int kEscapeMs = 60;
+constexpr int kCtrlQ = 17;
+constexpr int kEscape = 27;
+// A read that fails this often in a row means the terminal is gone.
+constexpr int kFailedReads = 8;
+
+Input FromKeyCode(wint_t code) {
+  switch (code) {
+    case KEY_UP:
+      return Input::Pressed(forms::Key::Up);
+    case KEY_DOWN:
+      return Input::Pressed(forms::Key::Down);
+    case KEY_LEFT:
+      return Input::Pressed(forms::Key::Left);
+    case KEY_RIGHT:
+      return Input::Pressed(forms::Key::Right);
+    case KEY_HOME:
+      return Input::Pressed(forms::Key::Home);
+    case KEY_END:
+      return Input::Pressed(forms::Key::End);
+    case KEY_DC:
+      return Input::Pressed(forms::Key::Delete);
+    case KEY_BACKSPACE:
+      return Input::Pressed(forms::Key::Backspace);
+    case KEY_BTAB:
+      return Input::Pressed(forms::Key::ShiftTab);
+    case KEY_ENTER:
+      return Input::Pressed(forms::Key::Enter);
+    case KEY_RESIZE:
+      return {Input::Type::Resize};
+    default:
+      if (code == static_cast<wint_t>(KEY_F(10))) return Input::CloseBox();
+      return {};
+  }
+}
+
+Input FromChar(wint_t c) {
+  switch (c) {
+    case '\t':
+      return Input::Pressed(forms::Key::Tab);
+    case '\n':
+    case '\r':
+      return Input::Pressed(forms::Key::Enter);
+    case 8:
+    case 127:
+      return Input::Pressed(forms::Key::Backspace);
+    case kCtrlQ:
+      return Input::CloseBox();
+    default:
+      break;
+  }
+  if (c < 0x20 || c > 0xFFFF) return {};
+  return Input::Typed(static_cast<char16_t>(c));
+}
+
+}  // namespace
+
+struct Terminal::SizeHandler {
+  struct sigaction action {};
+};
+
+Terminal::Terminal() = default;
+
+Terminal::~Terminal() {
+  if (!screen_) return;
+  if (depth_ > 0) endwin();
+  delscreen(screen_);
+}
+
+Terminal::Scope::Scope(Terminal& terminal) : terminal_(&terminal) { terminal_->Enter(); }
+Terminal::Scope::~Scope() { terminal_->Leave(); }
+
+void Terminal::Enter() {
+  if (depth_++ > 0) return;
+  if (!screen_) {
+    // Only the character type: numbers keep the C locale's decimal point.
+    std::setlocale(LC_CTYPE, "");
+    screen_ = newterm(nullptr, stdout, stdin);
+    if (!screen_) {
+      depth_ = 0;
+      throw forms::InputExhausted("no terminal to show the dialog on (is TERM set?)");
+    }
+    set_term(screen_);
+    // Raw, so that Ctrl+Q reaches the dialog instead of the flow control.
+    raw();
+    noecho();
+    nonl();
+    keypad(stdscr, TRUE);
+    set_escdelay(kEscapeMs);
+  } else {
+    // Back from line mode: curses restores its own modes and its handler of
+    // size changes, learns the size the terminal has now, and repaints.
+    if (size_handler_) sigaction(SIGWINCH, &size_handler_->action, nullptr);
+    size_handler_.reset();
+    reset_prog_mode();
+    winsize size{};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row > 0 && size.ws_col > 0)
+      resize_term(size.ws_row, size.ws_col);
+    clearok(curscr, TRUE);
+  }
+}
+
+void Terminal::Leave() {
+  if (--depth_ > 0) return;
+  depth_ = 0;
+  if (!screen_) return;
+  endwin();
+  std::fflush(stdout);
+  // Size changes are the default's business (nothing) until visual mode is
+  // back.
+  auto handler = std::make_unique<SizeHandler>();
+  struct sigaction none {};
+  none.sa_handler = SIG_DFL;
+  sigemptyset(&none.sa_mask);
+  if (sigaction(SIGWINCH, &none, &handler->action) == 0) size_handler_ = std::move(handler);
+}
+
+int Terminal::Lines() const { return LINES; }
+int Terminal::Columns() const { return COLS; }
+
+void Terminal::Clear() { erase(); }
+
+void Terminal::DrawBox(int top, int left, int height, int width, const vb::Text& title) {
+  const int bottom = top + height - 1;
+  const int right = left + width - 1;
+  attrset(A_NORMAL);
+  for (int y = top + 1; y < bottom; ++y) mvhline(y, left, ' ', width);
+  mvvline(top + 1, left, ACS_VLINE, height - 2);
+  mvvline(top + 1, right, ACS_VLINE, height - 2);
+  mvaddch(bottom, left, ACS_LLCORNER);
+  mvhline(bottom, left + 1, ACS_HLINE, width - 2);
+  mvaddch(bottom, right, ACS_LRCORNER);
+  attrset(A_REVERSE);
+  mvhline(top, left, ' ', width);
+  const std::wstring caption = Wide(title);
+  const int shown = std::min(static_cast<int>(caption.size()), width - 2);
+  attrset(A_REVERSE | A_BOLD);
+  mvaddnwstr(top, left + (width - shown) / 2, caption.c_str(), shown);
+  attrset(A_NORMAL);
+}
+
+void Terminal::DrawRow(int y, int x, const Row& row, int max_width) {
+  int room = max_width;
+  for (const Span& span : row.spans) {
+    if (room <= 0) break;
+    const std::wstring text = Wide(span.text);
+    const int n = std::min(static_cast<int>(text.size()), room);
+    attrset(CursesAttrs(span.attrs));
+    mvaddnwstr(y, x, text.c_str(), n);
+    x += n;
+    room -= n;
+  }
+  attrset(A_NORMAL);
+}
+
+void Terminal::DrawMark(int y, int x, char16_t mark) {
+  const wchar_t text[2] = {static_cast<wchar_t>(mark), 0};
+  attrset(A_BOLD);
+  mvaddnwstr(y, x, text, 1);
+  attrset(A_NORMAL);
+}
+
+void Terminal::PlaceCursor(std::optional<Caret> at) {
+  if (at) {
+    curs_set(1);
+    move(at->row, at->column);
+  } else {
+    curs_set(0);
+  }
+}
+
+void Terminal::Show() { refresh(); }
+
+Input Terminal::Read() {
+  for (int failed = 0; failed < kFailedReads;) {
+    wint_t c = 0;
+    errno = 0;
+    const int got = get_wch(&c);
+    if (got == ERR) {
+      // A signal may interrupt the wait; anything else is a closed terminal.
+      if (errno != EINTR) ++failed;
+      continue;
+    }
+    if (got == KEY_CODE_YES) {
+      const Input input = FromKeyCode(c);
+      if (input.type != Input::Type::None) return input;
+      continue;
+    }
+    if (c != kEscape) {
+      const Input input = FromChar(c);
+      if (input.type != Input::Type::None) return input;
+      continue;
+    }
+    // Esc then a letter soon after is how terminals send Alt+letter.
+    timeout(kEscapeMs);
+    wint_t next = 0;
+    const int more = get_wch(&next);
+    timeout(-1);
+    if (more == OK && next < 0x80 && std::isalnum(static_cast<int>(next)))
+      return Input::AltLetter(static_cast<char16_t>(next));
+    if (more == KEY_CODE_YES) ungetch(static_cast<int>(next));
+    if (more == OK) unget_wch(static_cast<wchar_t>(next));
+    return Input::Pressed(forms::Key::Escape);
+  }
+  throw forms::InputExhausted("the terminal gives no more input");
+}
+
+}  // namespace tui

@@ -1,0 +1,135 @@
+#include "tui/input.hpp"
+
+#include <array>
+
+#include <gtest/gtest.h>
+
+#include "tui_harness.hpp"
+
+namespace tui {
+namespace {
+
+using forms::ControlSpec;
+using K = forms::ControlKind;
+using testing::Alt;
+using testing::Char;
+using testing::Key;
+using testing::Shown;
+
+constexpr std::array<ControlSpec, 4> kDesign = {{
+    {K::ListBox, "lstTicks", -1, u"", nullptr, 0, u"", 0, forms::kCheckBoxStyle},
+    {K::ListBox, "lstPlain"},
+    {K::CheckBox, "chkOn", -1, u"&On"},
+    {K::TextBox, "txtName"},
+}};
+
+class Presses : public ::testing::Test {
+ protected:
+  Presses() {
+    auto& ticks = form_.Get<forms::ListBox>("lstTicks");
+    ticks.AddItem(u"first");
+    ticks.AddItem(u"second");
+    ticks.AddItem(u"third");
+    auto& plain = form_.Get<forms::ListBox>("lstPlain");
+    for (const char16_t* row : {u"apple", u"Banana", u"avocado"}) plain.AddItem(row);
+  }
+  // Shows the form, hands it the presses, and hides it.
+  void Run(std::vector<Input> presses) {
+    shown_.frontend.presses.assign(presses.begin(), presses.end());
+    form_.Show();
+  }
+  forms::ListBox& Ticks() { return form_.Get<forms::ListBox>("lstTicks"); }
+  forms::ListBox& Plain() { return form_.Get<forms::ListBox>("lstPlain"); }
+
+  Shown shown_;
+  forms::Form form_{shown_.runtime, "frmT", u"T", kDesign};
+};
+
+TEST_F(Presses, SpaceTicksTheRowUnderTheCursorOfACheckList) {
+  // No ListIndex yet: the cursor is on the first row, and the first Down
+  // makes that row the ListIndex, as list boxes do.
+  Run({Key(forms::Key::Space), Key(forms::Key::Down), Key(forms::Key::Down), Key(forms::Key::Down),
+       Char(u' ')});
+  EXPECT_TRUE(Ticks().Selected(0));
+  EXPECT_FALSE(Ticks().Selected(1));
+  EXPECT_TRUE(Ticks().Selected(2));
+}
+
+TEST_F(Presses, SpaceOnACheckBoxTogglesIt) {
+  Run({Key(forms::Key::Tab), Key(forms::Key::Tab), Char(u' ')});
+  EXPECT_EQ(form_.Get<forms::CheckBox>("chkOn").Value(), 1);
+}
+
+TEST_F(Presses, ALetterInAListMovesToTheNextRowStartingWithIt) {
+  std::vector<std::int32_t> seen;
+  Plain().Click = [&](forms::Control&) { seen.push_back(Plain().ListIndex()); };
+  Run({Key(forms::Key::Tab), Char(u'a'), Char(u'A'), Char(u'a'), Char(u'b'), Char(u'z')});
+  EXPECT_EQ(seen, (std::vector<std::int32_t>{0, 2, 0, 1}));
+}
+
+TEST_F(Presses, CharactersGoToTheFocusedTextBoxAndAltToAccessKeys) {
+  Run({Alt(u'o'), Key(forms::Key::Tab), Char(u'h'), Char(u'i'), Char(u' '), Char(u'!')});
+  EXPECT_EQ(form_.Get<forms::CheckBox>("chkOn").Value(), 1);
+  EXPECT_EQ(form_.Get<forms::TextBox>("txtName").Text(), u"hi !");
+}
+
+TEST_F(Presses, TheCloseBoxUnloadsTheForm) {
+  Run({Key(forms::Key::Space), Input::CloseBox(), Key(forms::Key::Space)});
+  EXPECT_FALSE(form_.IsLoaded());
+  // Unloading cleared the list; the press after the close went nowhere.
+  EXPECT_EQ(Ticks().ListCount(), 0);
+  EXPECT_EQ(shown_.frontend.presses.size(), 1U);
+}
+
+struct ChoiceCase {
+  std::int32_t style;
+  std::vector<Input> presses;
+  std::optional<std::int32_t> answer;  // after the last press
+  std::size_t chosen;
+};
+
+class Choices : public ::testing::TestWithParam<ChoiceCase> {};
+
+TEST_P(Choices, PressesMoveTheChoiceOrAnswer) {
+  const ChoiceCase& c = GetParam();
+  ButtonChoice choice(c.style);
+  std::optional<std::int32_t> answer;
+  for (const Input& press : c.presses) {
+    ASSERT_FALSE(answer.has_value()) << "answered before the last press";
+    answer = choice.Press(press);
+  }
+  EXPECT_EQ(answer, c.answer);
+  EXPECT_EQ(choice.Chosen(), c.chosen);
+}
+
+using FK = forms::Key;
+INSTANTIATE_TEST_SUITE_P(
+    Keys, Choices,
+    ::testing::Values(
+        ChoiceCase{forms::vbOKCancel, {Input::Pressed(FK::Enter)}, forms::vbOK, 0},
+        ChoiceCase{forms::vbYesNoCancel,
+                   {Input::Pressed(FK::Right), Input::Pressed(FK::Enter)},
+                   forms::vbNo,
+                   1},
+        ChoiceCase{forms::vbYesNo, {Input::Pressed(FK::Left)}, std::nullopt, 1},
+        ChoiceCase{forms::vbYesNoCancel,
+                   {Input::Pressed(FK::Tab), Input::Pressed(FK::Tab), Input::Pressed(FK::Tab)},
+                   std::nullopt,
+                   0},
+        ChoiceCase{forms::vbYesNoCancel | forms::vbQuestion,
+                   {Input::Pressed(FK::Escape)},
+                   forms::vbCancel,
+                   0},
+        // Esc has nothing to answer with Yes and No alone.
+        ChoiceCase{forms::vbYesNo, {Input::Pressed(FK::Escape)}, std::nullopt, 0},
+        ChoiceCase{forms::vbOKOnly, {Input::Pressed(FK::Escape)}, forms::vbOK, 0},
+        ChoiceCase{forms::vbAbortRetryIgnore, {Input::Typed(u'i')}, forms::vbIgnore, 0},
+        ChoiceCase{forms::vbYesNo, {Input::AltLetter(u'N')}, forms::vbNo, 0},
+        ChoiceCase{forms::vbRetryCancel, {Input::Typed(u' ')}, forms::vbRetry, 0},
+        // The default-button bits choose the second or third button first.
+        ChoiceCase{forms::vbYesNoCancel | 256, {Input::Pressed(FK::Enter)}, forms::vbNo, 1},
+        ChoiceCase{forms::vbYesNoCancel | 512, {}, std::nullopt, 2},
+        ChoiceCase{forms::vbOKOnly | 512, {}, std::nullopt, 0}));
+
+}  // namespace
+}  // namespace tui

@@ -1,0 +1,322 @@
+#include "tui/layout.hpp"
+
+#include <array>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "tui_harness.hpp"
+
+namespace tui {
+namespace {
+
+using forms::ControlSpec;
+using K = forms::ControlKind;
+using testing::Shown;
+
+std::vector<std::string> Texts(const std::vector<Row>& rows) {
+  std::vector<std::string> out;
+  for (const Row& row : rows) out.push_back(vb::ToUtf8(RowText(row)));
+  return out;
+}
+
+// The layout of `form` while it is shown, after `prepare` has run.
+FormLayout LayoutShown(
+    Shown& shown, forms::Form& form, LayoutOptions options,
+    const std::function<void(forms::Form&)>& prepare = [](forms::Form&) {}) {
+  FormLayout layout;
+  shown.frontend.at_end = [&](forms::Form& f) {
+    prepare(f);
+    layout = LayoutForm(f, options);
+  };
+  form.Show();
+  return layout;
+}
+
+// The attributes of the span of `row` that holds `text`; fails the test when
+// no span does.
+unsigned AttrsOf(const Row& row, vb::TextView text) {
+  for (const Span& s : row.spans) {
+    if (s.text.find(text) != vb::Text::npos) return s.attrs;
+  }
+  ADD_FAILURE() << "no span holds " << vb::ToUtf8(text);
+  return ~0u;
+}
+
+constexpr std::array<ControlSpec, 10> kDialog = {{
+    {K::Label, "lblName", -1, u"&Name:"},
+    {K::TextBox, "txtName", -1, u"abc"},
+    {K::Frame, "fraOpts", -1, u"Options"},
+    {K::CheckBox, "chkOn", -1, u"&On", "fraOpts", 1},
+    {K::OptionButton, "optA", -1, u"&A", "fraOpts", 1},
+    {K::OptionButton, "optB", -1, u"&B", "fraOpts"},
+    {K::CheckBox, "chkHidden", -1, u"Hidden", nullptr, 0, u"", 0, forms::kHidden},
+    {K::CommandButton, "cmdOK", -1, u"OK", nullptr, 0, u"", 0, forms::kDefault},
+    {K::CommandButton, "cmdOff", -1, u"Off", nullptr, 0, u"", 0, forms::kDisabled},
+    {K::CommonDialog, "cdlgFont"},
+}};
+
+TEST(FormLayout, OneRowPerVisibleControlWithFramesIndented) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"New Thing", kDialog);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 20, .indent = 2});
+  EXPECT_EQ(layout.title, u"New Thing");
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{
+                                    "Name:",
+                                    "[abc_______________]",
+                                    "Options ------------",
+                                    "  [x] On",
+                                    "  (o) A",
+                                    "  ( ) B",
+                                    "< OK >",
+                                    "< Off >",
+                                }));
+  EXPECT_EQ(layout.rows[1].control, form.Find("txtName"));
+  EXPECT_EQ(layout.focus_row, 1);
+  ASSERT_TRUE(layout.caret.has_value());
+  EXPECT_EQ(layout.caret->row, 1);
+  EXPECT_EQ(layout.caret->column, 1);
+}
+
+TEST(FormLayout, TheNaturalWidthIsTheWidestRowWhenNothingStretches) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kDialog);
+  form.Load();
+  // The text box: its field of 20 and the brackets.
+  EXPECT_EQ(NaturalWidth(form, {.min_field = 20}), 22);
+  form.Get<forms::CheckBox>("chkOn").SetCaption(u"A rather long caption here");
+  // The check box in its frame: indent, box, blank, caption.
+  EXPECT_EQ(NaturalWidth(form, {.indent = 3, .min_field = 20}), 3 + 4 + 26);
+}
+
+TEST(FormLayout, AttributesShowKeysFocusDefaultAndDisabled) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kDialog);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 20}, [](forms::Form& f) {
+    f.UserKey(forms::Key::Tab);  // to chkOn
+  });
+  EXPECT_EQ(layout.focus_row, 3);
+  EXPECT_FALSE(layout.caret.has_value());
+  EXPECT_EQ(layout.rows[0].spans, (std::vector<Span>{{u"N", kUnderline}, {u"ame:", kPlain}}));
+  // The focused check box is reversed, its access key underlined as well.
+  EXPECT_EQ(
+      layout.rows[3].spans,
+      (std::vector<Span>{
+          {u"  ", kPlain}, {u"[x] ", kReverse}, {u"O", kReverse | kUnderline}, {u"n", kReverse}}));
+  // The text box without the focus shows its field plainly.
+  EXPECT_EQ(layout.rows[1].spans.size(), 1U);
+  EXPECT_EQ(layout.rows[2].spans.front(), (Span{u"Options", kBold}));
+  EXPECT_EQ(layout.rows[6].spans, (std::vector<Span>{{u"< OK >", kBold}}));
+  EXPECT_EQ(layout.rows[7].spans, (std::vector<Span>{{u"< Off >", kDim}}));
+}
+
+TEST(FormLayout, AFrameHoldsItsControlsWhereverTheyStandInTheTabOrder) {
+  // chkIn comes before its frame; fraInner sits in fraLate.
+  constexpr std::array<ControlSpec, 5> nested = {{
+      {K::CheckBox, "chkIn", -1, u"In", "fraLate"},
+      {K::CommandButton, "cmdTop", -1, u"Top"},
+      {K::Frame, "fraLate", -1, u"Group"},
+      {K::Frame, "fraInner", -1, u"Inner", "fraLate"},
+      {K::Label, "lblInner", -1, u"Deep", "fraInner"},
+  }};
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", nested);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 12, .indent = 2});
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{
+                                    "< Top >",
+                                    "Group ------",
+                                    "  [ ] In",
+                                    "  Inner ----",
+                                    "    Deep",
+                                }));
+}
+
+TEST(FormLayout, AHiddenFrameHidesWhatItHolds) {
+  constexpr std::array<ControlSpec, 3> design = {{
+      {K::Frame, "fra", -1, u"Group", nullptr, 0, u"", 0, forms::kHidden},
+      {K::CheckBox, "chkIn", -1, u"In", "fra"},
+      {K::CommandButton, "cmdOK", -1, u"OK"},
+  }};
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", design);
+  EXPECT_EQ(Texts(LayoutShown(shown, form, {.width = 12}).rows),
+            (std::vector<std::string>{"< OK >"}));
+}
+
+TEST(FormLayout, LabelsAlignWithinTheirRoom) {
+  constexpr std::array<ControlSpec, 3> design = {{
+      {K::Label, "lblL", -1, u"ab"},
+      {K::Label, "lblC", -1, u"ab", nullptr, 0, u"", 0, forms::kAlignCenter},
+      {K::Label, "lblR", -1, u"ab", nullptr, 0, u"", 0, forms::kAlignRight | forms::kBold},
+  }};
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", design);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 10});
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{"ab", "    ab", "        ab"}));
+  EXPECT_EQ(layout.rows[2].spans.back(), (Span{u"ab", kBold}));
+  // No control takes the focus: no row shows it.
+  EXPECT_EQ(layout.focus_row, -1);
+}
+
+struct TextCase {
+  const char16_t* text;
+  std::int32_t sel_start;
+  std::int32_t sel_length;
+  const char* row;
+  int caret_column;
+};
+
+class TextBoxLayout : public ::testing::TestWithParam<TextCase> {};
+
+// A field of 8 cells (width 10 less the brackets) that scrolls with the caret.
+TEST_P(TextBoxLayout, FieldShowsTheTextAroundTheCaret) {
+  static constexpr std::array<ControlSpec, 1> design = {{{K::TextBox, "txt"}}};
+  const TextCase& c = GetParam();
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", design);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 10}, [&](forms::Form& f) {
+    auto& box = f.Get<forms::TextBox>("txt");
+    box.SetText(c.text);
+    box.SetSelStart(c.sel_start);
+    box.SetSelLength(c.sel_length);
+  });
+  ASSERT_EQ(layout.rows.size(), 1U);
+  EXPECT_EQ(vb::ToUtf8(RowText(layout.rows[0])), c.row);
+  ASSERT_TRUE(layout.caret.has_value());
+  EXPECT_EQ(layout.caret->column, c.caret_column);
+}
+
+INSTANTIATE_TEST_SUITE_P(Carets, TextBoxLayout,
+                         ::testing::Values(TextCase{u"", 0, 0, "[________]", 1},
+                                           TextCase{u"hello", 5, 0, "[hello___]", 6},
+                                           TextCase{u"hello", 0, 5, "[hello___]",
+                                                    6},  // caret at the selection's end
+                                           TextCase{u"abcdefgh", 8, 0, "[bcdefgh_]", 8},
+                                           TextCase{u"abcdefghij", 10, 0, "[defghij_]", 8},
+                                           TextCase{u"abcdefghij", 2, 0, "[abcdefgh]", 3},
+                                           TextCase{u"a\r\nb", 0, 0, "[a\u00B7\u00B7b____]", 1}));
+
+TEST(TextBoxLayout, ASelectionShowsTheFieldColoursTurnedRound) {
+  static constexpr std::array<ControlSpec, 1> design = {{{K::TextBox, "txt", -1, u"hello"}}};
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", design);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 10}, [](forms::Form& f) {
+    auto& box = f.Get<forms::TextBox>("txt");
+    box.SetSelStart(1);
+    box.SetSelLength(3);
+  });
+  EXPECT_EQ(layout.rows[0].spans, (std::vector<Span>{{u"[", kPlain},
+                                                     {u"h", kReverse},
+                                                     {u"ell", kPlain},
+                                                     {u"o___", kReverse},
+                                                     {u"]", kPlain}}));
+}
+
+constexpr std::array<ControlSpec, 2> kListDesign = {{
+    {K::ListBox, "lst", -1, u"", nullptr, 0, u"", 0, forms::kCheckBoxStyle},
+    {K::CommandButton, "cmdOK", -1, u"OK"},
+}};
+
+void Fill(forms::Form& form, int rows) {
+  auto& list = form.Get<forms::ListBox>("lst");
+  for (int i = 0; i < rows; ++i) list.AddItem(vb::Text(1, static_cast<char16_t>(u'a' + i)));
+}
+
+TEST(ListLayout, AWindowOfRowsKeepsTheCursorInItsMiddle) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
+  const FormLayout layout =
+      LayoutShown(shown, form, {.width = 10, .list_rows = 4}, [](forms::Form& f) {
+        Fill(f, 10);
+        auto& list = f.Get<forms::ListBox>("lst");
+        list.SetSelected(5, true);
+        list.SetListIndex(5);
+      });
+  EXPECT_EQ(Texts(layout.rows),
+            (std::vector<std::string>{"^[ ] d", " [ ] e", " [x] f", "v[ ] g", "< OK >"}));
+  // The list has the focus: the cursor's row is reversed and is the focus row.
+  EXPECT_EQ(layout.focus_row, 2);
+  EXPECT_EQ(AttrsOf(layout.rows[2], u"[x] f"), kReverse);
+  EXPECT_EQ(AttrsOf(layout.rows[1], u"[ ] e"), kPlain);
+}
+
+TEST(ListLayout, WithoutAListIndexTheFirstRowCarriesTheFocus) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
+  const FormLayout layout =
+      LayoutShown(shown, form, {.width = 10, .list_rows = 4}, [](forms::Form& f) { Fill(f, 2); });
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" [ ] a", " [ ] b", "< OK >"}));
+  EXPECT_EQ(layout.focus_row, 0);
+  EXPECT_EQ(AttrsOf(layout.rows[0], u"[ ] a"), kReverse);
+}
+
+TEST(ListLayout, WithoutTheFocusTheListIndexRowIsBold) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 10}, [](forms::Form& f) {
+    Fill(f, 3);
+    f.Get<forms::ListBox>("lst").SetListIndex(1);
+    f.UserKey(forms::Key::Tab);
+  });
+  EXPECT_EQ(layout.focus_row, 3);
+  EXPECT_EQ(AttrsOf(layout.rows[1], u"[ ] b"), kBold);
+}
+
+TEST(ListLayout, AnEmptyListStillHasARowForTheFocus) {
+  Shown shown;
+  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
+  const FormLayout layout = LayoutShown(shown, form, {.width = 10});
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" (empty)", "< OK >"}));
+  EXPECT_EQ(layout.focus_row, 0);
+}
+
+struct CaptionCase {
+  const char16_t* caption;
+  std::vector<Span> spans;
+};
+
+class Captions : public ::testing::TestWithParam<CaptionCase> {};
+
+TEST_P(Captions, TheAccessKeyIsUnderlinedAndItsMarkDropped) {
+  EXPECT_EQ(CaptionSpans(GetParam().caption, kBold), GetParam().spans);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Marks, Captions,
+    ::testing::Values(CaptionCase{u"&Save", {{u"S", kBold | kUnderline}, {u"ave", kBold}}},
+                      CaptionCase{u"Sa&ve",
+                                  {{u"Sa", kBold}, {u"v", kBold | kUnderline}, {u"e", kBold}}},
+                      CaptionCase{u"A&&B", {{u"A&B", kBold}}},
+                      CaptionCase{u"&&&X", {{u"&", kBold}, {u"X", kBold | kUnderline}}},
+                      CaptionCase{u"&a&b", {{u"a", kBold | kUnderline}, {u"b", kBold}}},
+                      CaptionCase{u"Tail&", {{u"Tail&", kBold}}}, CaptionCase{u"", {}}));
+
+TEST(MessageBoxLayout, PromptLinesThenTheButtonsCentred) {
+  forms::MessageBox box{u"Line one\r\nLine two", forms::vbYesNoCancel, u"Tessaly", true};
+  const auto buttons = forms::MsgBoxButtons(box.buttons);
+  const BoxLayout layout = LayoutMessageBox(box, buttons, 1, 40);
+  EXPECT_EQ(layout.title, u"Tessaly");
+  EXPECT_EQ(layout.width, 29);
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" Line one", " Line two", "",
+                                                          " < Yes >  < No >  < Cancel >"}));
+  EXPECT_EQ(AttrsOf(layout.rows[3], u"< No >"), kReverse);
+  EXPECT_EQ(AttrsOf(layout.rows[3], u"< Cancel >"), kPlain);
+}
+
+TEST(MessageBoxLayout, LongLinesWrapAtBlanksOrHardAtTheWidth) {
+  forms::MessageBox box{u"aaaa bbbb cccc\nabcdefghij", forms::vbOKOnly, u"T", false};
+  const auto buttons = forms::MsgBoxButtons(box.buttons);
+  const BoxLayout layout = LayoutMessageBox(box, buttons, 0, 8);
+  EXPECT_EQ(layout.width, 8);
+  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" aaaa", " bbbb", " cccc", " abcdef",
+                                                          " ghij", "", " < OK >"}));
+}
+
+TEST(MessageBoxLayout, ALongTitleWidensTheBox) {
+  forms::MessageBox box{u"Hi", forms::vbOKOnly, u"A rather long title", true};
+  const auto buttons = forms::MsgBoxButtons(box.buttons);
+  EXPECT_EQ(LayoutMessageBox(box, buttons, 0, 60).width, 23);
+}
+
+}  // namespace
+}  // namespace tui

@@ -44,12 +44,9 @@ class CodeMaintenanceTest : public SessionTest {
 };
 
 const Lines kTwoProcedures = {
-    "Option Explicit",        "",
-    "Private Sub Text1_Change()", "    Beep",
-    "End Sub",                "",
-    "Private Sub Text1_Helper()", "    ' Text1 helper",
-    "End Sub",                "",
-    "Private Sub Text10_Change()", "    Text10.Text = \"\"",
+    "Option Explicit", "", "Private Sub Text1_Change()",  "    Beep",
+    "End Sub",         "", "Private Sub Text1_Helper()",  "    ' Text1 helper",
+    "End Sub",         "", "Private Sub Text10_Change()", "    Text10.Text = \"\"",
     "End Sub"};
 
 TEST_F(CodeMaintenanceTest, ALongerNameIsNoMemberOfTheControl) {
@@ -77,9 +74,9 @@ TEST_F(CodeMaintenanceTest, DeletingListsEveryMemberCheckedAndRemovesThem) {
 
 TEST_F(CodeMaintenanceTest, AClearedRowIsKept) {
   Given(kTwoProcedures, "delete Text1\ntick lstMembers 0\nclick cmdOK\n");
-  EXPECT_EQ(Listing(), (Lines{"Option Explicit", "", "Private Sub Text1_Change()", "    Beep",
-                              "End Sub", "", "", "Private Sub Text10_Change()",
-                              "    Text10.Text = \"\"", "End Sub"}));
+  EXPECT_EQ(Listing(),
+            (Lines{"Option Explicit", "", "Private Sub Text1_Change()", "    Beep", "End Sub", "",
+                   "", "Private Sub Text10_Change()", "    Text10.Text = \"\"", "End Sub"}));
 }
 
 TEST_F(CodeMaintenanceTest, NothingCheckedChangesNoByte) {
@@ -90,15 +87,15 @@ TEST_F(CodeMaintenanceTest, NothingCheckedChangesNoByte) {
 }
 
 TEST_F(CodeMaintenanceTest, AClosingLineWithBlanksOrACommentEndsTheProcedure) {
-  const Lines code = {"Private Sub Text1_Click()", "    x = 1", "   End Sub ' done",
-                      "Private Sub Text1_Change()", "End Sub", "' after"};
+  const Lines code = {"Private Sub Text1_Click()",  "    x = 1", "   End Sub ' done",
+                      "Private Sub Text1_Change()", "End Sub",   "' after"};
   Given(code, "delete Text1\nclick cmdOK\n");
   EXPECT_EQ(Listing(), (Lines{"' after"}));
 }
 
 TEST_F(CodeMaintenanceTest, AnEndSubIndentedWithATabTakesNoOtherMembersText) {
   const Lines code = {"Private Sub Text1_Click()", "    x = 1", "\tEnd Sub", "",
-                      "Private Sub Form_Load()", "    y = 2", "End Sub"};
+                      "Private Sub Form_Load()",   "    y = 2", "End Sub"};
   Given(code, "delete Text1\nclick cmdOK\n");
   EXPECT_EQ(Listing(), (Lines{"", "Private Sub Form_Load()", "    y = 2", "End Sub"}));
 }

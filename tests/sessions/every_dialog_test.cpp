@@ -8,13 +8,13 @@ namespace sessions {
 namespace {
 
 struct DialogCase {
-  const char* drop;       // the drop line
-  const char* title;      // the dialog's title
-  const char* prelude;    // user actions before saving
-  const char* renamed;    // the control's name when the refused write comes
-  const char* property;   // the second write, refused once
-  const char* field;      // the field that takes the focus
-  const char* first;      // the first write's property
+  const char* drop;      // the drop line
+  const char* title;     // the dialog's title
+  const char* prelude;   // user actions before saving
+  const char* renamed;   // the control's name when the refused write comes
+  const char* property;  // the second write, refused once
+  const char* field;     // the field that takes the focus
+  const char* first;     // the first write's property
 };
 
 void PrintTo(const DialogCase& c, std::ostream* os) { *os << c.title; }
@@ -31,8 +31,9 @@ TEST_P(EveryDialogTest, ARefusedWriteStopsTheSaveAndASecondSaveStartsOver) {
   EXPECT_EQ(shown[0]["caption"], c.title);
   const auto boxes = Events("msgbox");
   ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0]["text"], std::string("An error occurred trying to set the property value for ") +
-                                  c.property + ".\r\nThe error was: Not today");
+  EXPECT_EQ(boxes[0]["text"],
+            std::string("An error occurred trying to set the property value for ") + c.property +
+                ".\r\nThe error was: Not today");
   EXPECT_EQ(boxes[0]["title"], "Invalid Property Value");
   EXPECT_EQ(boxes[0]["buttons"], 64);
   EXPECT_TRUE(Control(c.field)["focus"].get<bool>()) << "focus on " << c.field;
@@ -74,16 +75,16 @@ INSTANTIATE_TEST_SUITE_P(
         DialogCase{"drop TreeView", "New TreeView Control", "", "tv", "Enabled", "chkEnabled",
                    "Name"},
         DialogCase{"drop Timer", "New Timer Control", "", "tmr", "Enabled", "chkEnabled", "Name"},
-        DialogCase{"drop MaskEdBox", "New Masked Edit Control", "", "msk", "Enabled",
-                   "chkEnabled", "Name"},
+        DialogCase{"drop MaskEdBox", "New Masked Edit Control", "", "msk", "Enabled", "chkEnabled",
+                   "Name"},
         DialogCase{"drop RichTextBox", "New Rich Text Box Control", "", "rtf", "Enabled",
                    "chkEnabled", "Name"},
         DialogCase{"drop SSTab", "New Tabbed Dialog Control", "", "tab", "Enabled", "chkEnabled",
                    "Name"},
         DialogCase{"drop HScrollBar", "New Horizontal Scroll Bar", "", "hsb", "Enabled",
                    "chkEnabled", "Name"},
-        DialogCase{"drop VScrollBar", "New Vertical Scroll Bar", "", "vsb", "Enabled",
-                   "chkEnabled", "Name"},
+        DialogCase{"drop VScrollBar", "New Vertical Scroll Bar", "", "vsb", "Enabled", "chkEnabled",
+                   "Name"},
         DialogCase{"drop PictureBox", "New Misc Control", "type \"picLogo\"\n", "picLogo",
                    "Enabled", "chkEnabled", "Name"}));
 

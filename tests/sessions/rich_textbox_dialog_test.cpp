@@ -36,6 +36,8 @@ struct ScrollBarsCase {
   int written;
 };
 
+void PrintTo(const ScrollBarsCase& c, std::ostream* os) { *os << "ScrollBars" << c.written; }
+
 class RichTextBoxScrollBarsTest : public RichTextBoxDialogTest,
                                   public ::testing::WithParamInterface<ScrollBarsCase> {};
 

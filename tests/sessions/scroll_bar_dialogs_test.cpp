@@ -17,6 +17,8 @@ struct ScrollBar {
   int flag_row;  // its prompt flag in the settings store
 };
 
+void PrintTo(const ScrollBar& c, std::ostream* os) { *os << c.class_name; }
+
 const ScrollBar kHorizontal = {"HScrollBar",
                                "hsb",
                                "New Horizontal Scroll Bar",

@@ -63,6 +63,8 @@ struct TabsCase {
   std::size_t written;  // writes before it
 };
 
+void PrintTo(const TabsCase& c, std::ostream* os) { *os << c.field << "=\"" << c.typed << "\""; }
+
 class SSTabTabsTest : public SSTabDialogTest, public ::testing::WithParamInterface<TabsCase> {};
 
 TEST_P(SSTabTabsTest, ZeroAndEmptyAreSentUnchangedForTheIdeToRefuse) {
@@ -89,6 +91,8 @@ struct GroupRefusalCase {
   const char* refused;
   const char* focused;
 };
+
+void PrintTo(const GroupRefusalCase& c, std::ostream* os) { *os << c.property << " " << c.click; }
 
 class SSTabGroupRefusalTest : public SSTabDialogTest,
                               public ::testing::WithParamInterface<GroupRefusalCase> {};

@@ -39,6 +39,8 @@ struct IntervalCase {
   const char* written;  // null: the save ends in silence before the interval
 };
 
+void PrintTo(const IntervalCase& c, std::ostream* os) { *os << "Interval=\"" << c.typed << "\""; }
+
 class TimerIntervalTest : public TimerDialogTest,
                           public ::testing::WithParamInterface<IntervalCase> {};
 

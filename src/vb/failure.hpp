@@ -15,18 +15,18 @@ namespace vb {
 
 // Numbers of the runtime's own failures that this system raises.
 enum ErrorNumber : std::int32_t {
-  kInvalidProcedureCall = 5,     // "Invalid procedure call or argument"
-  kOverflow = 6,                 // "Overflow"
-  kSubscriptOutOfRange = 9,      // "Subscript out of range"
-  kTypeMismatch = 13,            // "Type mismatch"
-  kFileNotFound = 53,            // "File not found"
-  kPathFileAccess = 75,          // "Path/File access error"
-  kObjectNotSet = 91,            // "Object variable or With block variable not set"
-  kInvalidPropertyValue = 380,   // "Invalid property value"
-  kFormAlreadyDisplayed = 400,   // "Form already displayed; can't show modally"
-  kCantShowNonModal = 401,       // "Can't show non-modal form when modal form is displayed"
-  kObjectLacksMember = 438,      // "Object doesn't support this property or method"
-  kBadFileFormat = 321,          // "Invalid file format"
+  kInvalidProcedureCall = 5,    // "Invalid procedure call or argument"
+  kOverflow = 6,                // "Overflow"
+  kSubscriptOutOfRange = 9,     // "Subscript out of range"
+  kTypeMismatch = 13,           // "Type mismatch"
+  kFileNotFound = 53,           // "File not found"
+  kPathFileAccess = 75,         // "Path/File access error"
+  kObjectNotSet = 91,           // "Object variable or With block variable not set"
+  kInvalidPropertyValue = 380,  // "Invalid property value"
+  kFormAlreadyDisplayed = 400,  // "Form already displayed; can't show modally"
+  kCantShowNonModal = 401,      // "Can't show non-modal form when modal form is displayed"
+  kObjectLacksMember = 438,     // "Object doesn't support this property or method"
+  kBadFileFormat = 321,         // "Invalid file format"
 };
 
 class Failure : public std::exception {

@@ -1,13 +1,9 @@
 #include "vb/text.hpp"
 
-#include <algorithm>
 #include <array>
-#include <bit>
+#include <vector>
 
-#if defined(__SSE2__) || defined(_M_X64)
-#include <emmintrin.h>
-#define TESSALY_SSE2 1
-#endif
+#include "vb/text_scan.hpp"
 
 namespace vb {
 namespace {
@@ -22,46 +18,6 @@ constexpr std::array<char16_t, 32> kCp1252High = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 bool IsBlank(char16_t c) { return c == u' '; }
-
-// Where `find` (not empty) first occurs in `text` at or after `from`, or npos;
-// what TextView::find answers. The add-in searches whole modules (tens of
-// thousands of lines) on every rename, so candidates are the positions that
-// hold both the first and the last character of `find`, tested sixteen at a
-// time where the processor can; only those are compared in full.
-std::size_t Find(TextView text, TextView find, std::size_t from) {
-  const std::size_t m = find.size();
-  if (text.size() < m || from > text.size() - m) return TextView::npos;
-  const std::size_t end = text.size() - m + 1;  // candidates are before this
-  const char16_t* p = text.data();
-  const char16_t first = find.front();
-  const char16_t last = find.back();
-  auto matches_at = [&](std::size_t i) {
-    return std::equal(find.begin() + 1, find.end(), p + i + 1);
-  };
-  std::size_t i = from;
-#ifdef TESSALY_SSE2
-  const __m128i first_v = _mm_set1_epi16(static_cast<short>(first));
-  const __m128i last_v = _mm_set1_epi16(static_cast<short>(last));
-  for (; i + 16 <= end; i += 16) {
-    const auto* head = reinterpret_cast<const __m128i*>(p + i);
-    const auto* tail = reinterpret_cast<const __m128i*>(p + i + m - 1);
-    const __m128i lo = _mm_and_si128(_mm_cmpeq_epi16(_mm_loadu_si128(head), first_v),
-                                     _mm_cmpeq_epi16(_mm_loadu_si128(tail), last_v));
-    const __m128i hi = _mm_and_si128(_mm_cmpeq_epi16(_mm_loadu_si128(head + 1), first_v),
-                                     _mm_cmpeq_epi16(_mm_loadu_si128(tail + 1), last_v));
-    auto candidates = static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(lo, hi)));
-    while (candidates != 0) {
-      const std::size_t at = i + static_cast<std::size_t>(std::countr_zero(candidates));
-      if (matches_at(at)) return at;
-      candidates &= candidates - 1;
-    }
-  }
-#endif
-  for (; i < end; ++i) {
-    if (p[i] == first && p[i + m - 1] == last && matches_at(i)) return i;
-  }
-  return TextView::npos;
-}
 
 }  // namespace
 
@@ -211,24 +167,21 @@ std::size_t InStr(std::size_t start, TextView text, TextView find) {
   if (start == 0) start = 1;
   if (start > text.size() + 1) return 0;
   if (find.empty()) return start;
-  const auto pos = Find(text, find, start - 1);
+  const auto pos = FindText(text, find, start - 1);
   return pos == TextView::npos ? 0 : pos + 1;
 }
 
 Text Replace(TextView text, TextView find, TextView with) {
   if (find.empty()) return Text(text);
-  // Room for the text as it is and, when `with` is longer, for one match in
-  // sixteen characters; more matches grow the result geometrically.
+  // Found first, so that the result is allocated once at its size.
+  std::vector<std::size_t> found;
+  FindEach(text, find, found);
   Text out;
-  const std::size_t growth = with.size() > find.size() ? text.size() / 16 : 0;
-  out.reserve(text.size() + growth);
+  out.reserve(text.size() - found.size() * find.size() + found.size() * with.size());
   std::size_t from = 0;
-  for (;;) {
-    const auto pos = Find(text, find, from);
-    if (pos == TextView::npos) break;
-    out.append(text.substr(from, pos - from));
-    out.append(with);
-    from = pos + find.size();
+  for (const std::size_t at : found) {
+    out.append(text.substr(from, at - from)).append(with);
+    from = at + find.size();
   }
   out.append(text.substr(from));
   return out;

@@ -1,5 +1,6 @@
 #include "workbench/code_module.hpp"
 
+#include <array>
 #include <utility>
 
 #include "vb/failure.hpp"
@@ -22,8 +23,6 @@ class ModuleMember final : public ide::Member {
   const ScannedMember* row_;
 };
 
-}  // namespace
-
 // The member objects of one table, made together: one allocation, and the
 // pointers handed out share it.
 struct MemberObjects {
@@ -36,40 +35,55 @@ struct MemberObjects {
   std::vector<ModuleMember> members;  // one per table row
 };
 
+// Each pointer handed out counts its users on one of a few counters, in
+// turn, all of which keep the objects alive. Members().All() copies a
+// pointer per member (tens of thousands in a large module); one shared
+// counter would make every copy wait for the one before.
+constexpr std::size_t kCounters = 8;
+
+}  // namespace
+
 // What a module and the Members collections it handed out share.
 struct CodeModuleState {
   ModuleText text;
   // Null until first use and after an edit the table could not follow.
   std::shared_ptr<MemberTable> table;
-  // The member objects of `table` and the list of them, made on first use.
+  // The member objects of `table`, their counters and the list of them, made
+  // on first use.
   std::shared_ptr<MemberObjects> objects;
+  std::array<std::shared_ptr<void>, kCounters> counters;
   std::vector<std::shared_ptr<ide::Member>> listed;
 
   const std::shared_ptr<MemberTable>& Table() {
     if (!table) table = std::make_shared<MemberTable>(text);
     return table;
   }
-  const std::shared_ptr<MemberObjects>& Objects() {
-    if (!objects) objects = std::make_shared<MemberObjects>(Table());
-    return objects;
+  MemberObjects& Objects() {
+    if (!objects) {
+      objects = std::make_shared<MemberObjects>(Table());
+      for (auto& counter : counters) {
+        counter = std::make_shared<std::shared_ptr<MemberObjects>>(objects);
+      }
+    }
+    return *objects;
+  }
+  std::shared_ptr<ide::Member> Handout(std::size_t row) {
+    return {counters[row % kCounters], &Objects().members[row]};
   }
   const std::vector<std::shared_ptr<ide::Member>>& Listed() {
-    if (listed.empty() && !Table()->All().empty()) {
-      const auto& all = Objects();
-      listed.reserve(all->members.size());
-      for (ModuleMember& member : all->members) listed.emplace_back(all, &member);
+    const std::size_t count = Table()->All().size();
+    if (listed.size() != count) {
+      listed.reserve(count);
+      for (std::size_t row = 0; row < count; ++row) listed.push_back(Handout(row));
     }
     return listed;
-  }
-  std::shared_ptr<ide::Member> ObjectFor(const ScannedMember& row) {
-    const auto& all = Objects();
-    return {all, &all->members[static_cast<std::size_t>(&row - all->table->All().data())]};
   }
 
   // After an edit of `text`: the table follows it, or goes.
   template <typename Follow>
   void Edited(Follow&& follow) {
     listed.clear();
+    for (auto& counter : counters) counter.reset();
     objects.reset();
     if (!table) return;
     // Someone holds the table (a snapshot, or members read before): they
@@ -89,9 +103,10 @@ class ModuleMembers : public ide::Members {
   std::vector<std::shared_ptr<ide::Member>> All() override { return state_->Listed(); }
 
   std::shared_ptr<ide::Member> Item(const vb::Text& name) override {
-    const ScannedMember* found = state_->Table()->Find(name);
+    const auto& table = state_->Table();
+    const ScannedMember* found = table->Find(name);
     if (found == nullptr) return nullptr;
-    return state_->ObjectFor(*found);
+    return state_->Handout(static_cast<std::size_t>(found - table->All().data()));
   }
 
  private:
@@ -114,11 +129,16 @@ CodeModule::CodeModule(vb::Text name, std::vector<vb::Text> lines)
 
 std::shared_ptr<CodeModule> CodeModule::FromText(vb::Text name, const vb::Text& text) {
   auto module = std::make_shared<CodeModule>(std::move(name), std::vector<vb::Text>{});
-  ModuleText& lines = module->state_->text;
-  const std::size_t count = lines.Insert(0, text);
-  // In a file a line end closes its line: the piece after the last one is
-  // not a line of its own when it is empty.
-  if (lines.Line(count - 1).empty()) lines.Erase(count - 1, 1);
+  // In a file a line end closes its line: without the last one, the text
+  // splits into the file's lines, and "" is no line at all.
+  if (text.empty()) return module;
+  vb::TextView body = text;
+  if (body.ends_with(u"\r\n")) {
+    body.remove_suffix(2);
+  } else if (body.back() == u'\r' || body.back() == u'\n') {
+    body.remove_suffix(1);
+  }
+  module->state_->text.Insert(0, body);
   return module;
 }
 
@@ -131,8 +151,7 @@ std::int32_t CodeModule::CountOfLines() const {
 vb::Text CodeModule::Lines(std::int32_t first, std::int32_t count) const {
   const ModuleText& text = state_->text;
   if (!InRange(first, count, text.Count())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
-  return vb::Text(
-      text.Lines(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count)));
+  return vb::Text(text.Lines(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count)));
 }
 
 void CodeModule::DeleteLines(std::int32_t first, std::int32_t count) {
@@ -147,8 +166,7 @@ void CodeModule::AddFromString(const vb::Text& text) {
   ModuleText& lines = state_->text;
   const auto first = static_cast<std::int32_t>(lines.Count() + 1);
   const auto count = static_cast<std::int32_t>(lines.Insert(lines.Count(), text));
-  state_->Edited(
-      [&](MemberTable& table) { return table.FollowInsertion(lines, first, count); });
+  state_->Edited([&](MemberTable& table) { return table.FollowInsertion(lines, first, count); });
   Report(CodeEdit::Op::AddFromString, first, count, &text);
 }
 
@@ -157,8 +175,7 @@ void CodeModule::InsertLines(std::int32_t line, const vb::Text& text) {
   if (!InRange(line, 0, lines.Count())) throw vb::Failure::Of(vb::kInvalidProcedureCall);
   const auto count =
       static_cast<std::int32_t>(lines.Insert(static_cast<std::size_t>(line - 1), text));
-  state_->Edited(
-      [&](MemberTable& table) { return table.FollowInsertion(lines, line, count); });
+  state_->Edited([&](MemberTable& table) { return table.FollowInsertion(lines, line, count); });
   Report(CodeEdit::Op::InsertLines, line, count, &text);
 }
 

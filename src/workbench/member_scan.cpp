@@ -7,6 +7,13 @@
 #include <unordered_map>
 
 namespace workbench {
+
+// What a scan gives: the members, and where edits could be followed.
+struct ScanOutcome {
+  std::vector<ScannedMember> members;
+  std::vector<std::uint8_t> top_level;  // as MemberTable::top_level_
+};
+
 namespace {
 
 using vb::Text;
@@ -21,22 +28,6 @@ bool IsAsciiLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' &
 // identifier characters rather than guess at a locale.
 bool IsIdentifierChar(char16_t c) {
   return IsAsciiLetter(c) || IsDigit(c) || c == u'_' || (c >= 0x80 && c != 0xA0);
-}
-
-char16_t FoldChar(char16_t c) {
-  if (c >= u'A' && c <= u'Z') return static_cast<char16_t>(c + 32);
-  if (c < 0xC0) return c;
-  if (c <= 0xDE && c != 0xD7) return static_cast<char16_t>(c + 32);
-  switch (c) {  // the upper-case letters Windows-1252 places in 0x80..0x9F
-    case 0x0152:
-    case 0x0160:
-    case 0x017D:
-      return static_cast<char16_t>(c + 1);
-    case 0x0178:
-      return 0x00FF;
-    default:
-      return c;
-  }
 }
 
 // `word` is the keyword `lower` (given in lower case) in any case.
@@ -443,11 +434,6 @@ vb::Text FoldCase(vb::TextView name) {
 
 namespace {
 
-struct ScanOutcome {
-  std::vector<ScannedMember> members;
-  std::vector<std::uint8_t> top_level;  // as MemberTable::top_level_
-};
-
 // Scans `count` lines, line_at(i) giving line i (from 0) as a TextView.
 template <typename LineAt>
 ScanOutcome Scan(std::size_t count, LineAt&& line_at) {
@@ -495,23 +481,6 @@ ScanOutcome Scan(const ModuleText& text) {
   return Scan(text.Count(), [&](std::size_t i) { return text.Line(i); });
 }
 
-// FNV-1a over the folded characters: equal for names that differ in case only.
-std::uint32_t FoldedHash(TextView name) {
-  std::uint32_t hash = 2166136261u;
-  for (const char16_t c : name) {
-    hash = (hash ^ FoldChar(c)) * 16777619u;
-  }
-  return hash;
-}
-
-bool SameFolded(TextView a, TextView b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (a[i] != b[i] && FoldChar(a[i]) != FoldChar(b[i])) return false;
-  }
-  return true;
-}
-
 // Moves a member's lines by `by`.
 void Shift(ScannedMember& member, std::int32_t by) {
   member.line += by;
@@ -522,9 +491,22 @@ void Shift(ScannedMember& member, std::int32_t by) {
   }
 }
 
+// Moves the further Property procedures of the members before an edit that
+// stand after it (from line `from` on) by `by`: a Get before the edit keeps
+// its place, its Let after the edit moves.
+void ShiftLaterParts(std::span<ScannedMember> members, std::int32_t from, std::int32_t by) {
+  for (ScannedMember& member : members) {
+    for (CodeExtent& part : member.more_parts) {
+      if (part.line < from) continue;
+      part.line += by;
+      if (part.end_line) *part.end_line += by;
+    }
+  }
+}
+
 // The first member declared at or after `line`.
 std::vector<ScannedMember>::iterator FirstFrom(std::vector<ScannedMember>& members,
-                                                std::int32_t line) {
+                                               std::int32_t line) {
   return std::partition_point(members.begin(), members.end(),
                               [&](const ScannedMember& m) { return m.line < line; });
 }
@@ -535,55 +517,22 @@ std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines) {
   return Scan(lines).members;
 }
 
-MemberTable::MemberTable(std::span<const vb::Text> lines) {
-  ScanOutcome outcome = Scan(lines);
+MemberTable::MemberTable(std::span<const vb::Text> lines) { Take(Scan(lines)); }
+
+MemberTable::MemberTable(const ModuleText& text) { Take(Scan(text)); }
+
+void MemberTable::Take(ScanOutcome outcome) {
   members_ = std::move(outcome.members);
   top_level_ = std::move(outcome.top_level);
-  name_hashes_.reserve(members_.size());
-  for (const ScannedMember& member : members_) name_hashes_.push_back(FoldedHash(member.name));
-  IndexNames();
-}
-
-MemberTable::MemberTable(const ModuleText& text) {
-  ScanOutcome outcome = Scan(text);
-  members_ = std::move(outcome.members);
-  top_level_ = std::move(outcome.top_level);
-  name_hashes_.reserve(members_.size());
-  for (const ScannedMember& member : members_) name_hashes_.push_back(FoldedHash(member.name));
-  IndexNames();
-}
-
-void MemberTable::IndexNames() {
-  // At most half full, so that probes stay short.
-  const std::size_t size = std::bit_ceil(std::max<std::size_t>(16, members_.size() * 2));
-  slots_.assign(size, 0);
-  const std::size_t mask = size - 1;
-  for (std::size_t i = 0; i < members_.size(); ++i) {
-    for (std::size_t at = name_hashes_[i] & mask;; at = (at + 1) & mask) {
-      const std::uint32_t slot = slots_[at];
-      if (slot == 0) {
-        slots_[at] = static_cast<std::uint32_t>(i + 1);
-        break;
-      }
-      // An earlier member of the same name keeps the slot: Find gives the first.
-      if (name_hashes_[slot - 1] == name_hashes_[i] &&
-          SameFolded(members_[slot - 1].name, members_[i].name)) {
-        break;
-      }
-    }
-  }
+  names_.Build(members_);
+  has_property_ = std::any_of(members_.begin(), members_.end(), [](const ScannedMember& m) {
+    return m.kind == MemberKind::Property;
+  });
 }
 
 const ScannedMember* MemberTable::Find(vb::TextView name) const {
-  const std::uint32_t hash = FoldedHash(name);
-  const std::size_t mask = slots_.size() - 1;
-  for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
-    const std::uint32_t slot = slots_[at];
-    if (slot == 0) return nullptr;
-    if (name_hashes_[slot - 1] == hash && SameFolded(members_[slot - 1].name, name)) {
-      return &members_[slot - 1];
-    }
-  }
+  const std::size_t row = names_.Find(name, members_);
+  return row == MemberNameIndex::kNone ? nullptr : &members_[row];
 }
 
 bool MemberTable::FollowDeletion(std::int32_t first, std::int32_t count) {
@@ -594,7 +543,8 @@ bool MemberTable::FollowDeletion(std::int32_t first, std::int32_t count) {
   if (!top_level_[static_cast<std::size_t>(first - 1)]) return false;
   if (last < line_count && !top_level_[static_cast<std::size_t>(last)]) return false;
   auto inside = [&](std::int32_t line) { return line >= first && line <= last; };
-  for (const ScannedMember& member : members_) {
+  for (std::size_t i = 0; has_property_ && i < members_.size(); ++i) {
+    const ScannedMember& member = members_[i];
     if (member.kind != MemberKind::Property) continue;
     if (inside(member.line)) return false;
     for (const CodeExtent& part : member.more_parts) {
@@ -603,15 +553,15 @@ bool MemberTable::FollowDeletion(std::int32_t first, std::int32_t count) {
   }
   const auto gone = FirstFrom(members_, first);
   const auto kept = FirstFrom(members_, last + 1);
+  names_.Remove(members_, static_cast<std::size_t>(gone - members_.begin()),
+                static_cast<std::size_t>(kept - members_.begin()));
   for (auto it = kept; it != members_.end(); ++it) Shift(*it, -count);
-  name_hashes_.erase(name_hashes_.begin() + (gone - members_.begin()),
-                     name_hashes_.begin() + (kept - members_.begin()));
+  if (has_property_) ShiftLaterParts({members_.begin(), gone}, last + 1, -count);
   members_.erase(gone, kept);
   // The boundary after the stretch takes the place of the one before it.
   const auto from = top_level_.begin() + (first - 1);
   top_level_.erase(from, from + count);
   top_level_[static_cast<std::size_t>(first - 1)] = 1;
-  IndexNames();
   return true;
 }
 
@@ -627,21 +577,16 @@ bool MemberTable::FollowInsertion(const ModuleText& text, std::int32_t first, st
     if (member.kind == MemberKind::Property) return false;
   }
   const auto later = FirstFrom(members_, first);
+  const auto at = static_cast<std::size_t>(later - members_.begin());
   for (auto it = later; it != members_.end(); ++it) Shift(*it, count);
-  std::vector<std::uint32_t> added_hashes;
-  added_hashes.reserve(added.members.size());
-  for (ScannedMember& member : added.members) {
-    Shift(member, first - 1);
-    added_hashes.push_back(FoldedHash(member.name));
-  }
-  name_hashes_.insert(name_hashes_.begin() + (later - members_.begin()), added_hashes.begin(),
-                      added_hashes.end());
+  if (has_property_) ShiftLaterParts({members_.begin(), later}, first, count);
+  for (ScannedMember& member : added.members) Shift(member, first - 1);
   members_.insert(later, std::make_move_iterator(added.members.begin()),
                   std::make_move_iterator(added.members.end()));
+  names_.Insert(members_, at, added.members.size());
   added.top_level.pop_back();  // the same as the boundary that follows
   top_level_.insert(top_level_.begin() + (first - 1), added.top_level.begin(),
                     added.top_level.end());
-  IndexNames();
   return true;
 }
 

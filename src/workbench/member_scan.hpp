@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "vb/text.hpp"
+#include "workbench/member_names.hpp"
 #include "workbench/module_text.hpp"
 
 namespace workbench {
@@ -63,6 +64,8 @@ std::vector<ScannedMember> ScanMembers(std::span<const vb::Text> lines);
 // ASCII and Latin-1 (the project files' code page covers these) to lower case.
 vb::Text FoldCase(vb::TextView name);
 
+struct ScanOutcome;
+
 // The members of one module text, with look-up by name.
 //
 // A table can follow an edit of its text instead of being scanned anew, but
@@ -91,13 +94,13 @@ class MemberTable {
   bool FollowInsertion(const ModuleText& text, std::int32_t first, std::int32_t count);
 
  private:
-  void IndexNames();
+  void Take(ScanOutcome outcome);
 
   std::vector<ScannedMember> members_;
-  // The hash of each member's folded name, and an open-addressed table of
-  // member index + 1 (0: free) for look-up without making folded copies.
-  std::vector<std::uint32_t> name_hashes_;
-  std::vector<std::uint32_t> slots_;
+  MemberNameIndex names_;
+  // Property members group across the text: edits that touch one are not
+  // followed. Edits that are followed neither remove nor add one.
+  bool has_property_ = false;
   // top_level_[i]: line i (from 0) begins a statement outside any body; the
   // last entry is for the end of the text. Where edits can be followed.
   std::vector<std::uint8_t> top_level_;

@@ -177,7 +177,8 @@ std::string Trace::Render(const Json& e) {
   if (ev == "listing") {
     std::string out = "code of " + e["form"].get<std::string>() + ":";
     int n = 0;
-    for (const auto& l : e["lines"]) out += "\n    " + std::to_string(++n) + "  " + l.get<std::string>();
+    for (const auto& l : e["lines"])
+      out += "\n    " + std::to_string(++n) + "  " + l.get<std::string>();
     return out;
   }
   if (ev == "failure") {

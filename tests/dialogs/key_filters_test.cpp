@@ -10,6 +10,8 @@ struct FilterCase {
   std::int16_t dropping;  // what the dropping filter passes
 };
 
+void PrintTo(const FilterCase& c, std::ostream* os) { *os << "key" << c.key; }
+
 class KeyFilterTest : public ::testing::TestWithParam<FilterCase> {};
 
 TEST_P(KeyFilterTest, PassesOrDiscards) {

@@ -146,8 +146,7 @@ INSTANTIATE_TEST_SUITE_P(
         TabCase{"ShownFrameBringsItsControlsIn",
                 [](Form& f) { f.Get<Frame>("fraMore").SetVisible(true); },
                 {kTab, kTab},
-                {"optSize(1)", "chkInside"}}),
-    [](const auto& row) { return std::string(row.param.name); });
+                {"optSize(1)", "chkInside"}}));
 
 TEST_F(FocusTest, EnterPressesTheDefaultUnlessAButtonHasTheFocus) {
   form.Show(0);

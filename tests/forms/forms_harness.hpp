@@ -56,19 +56,9 @@ inline UserAction Typed(vb::Text text) {
   a.text = std::move(text);
   return a;
 }
-inline UserAction Pasted(vb::Text text) {
-  UserAction a = Action(UserAction::Type::Paste);
-  a.text = std::move(text);
-  return a;
-}
 inline UserAction Pressed(Key key) {
   UserAction a = Action(UserAction::Type::Key);
   a.key = key;
-  return a;
-}
-inline UserAction Alt(char16_t letter) {
-  UserAction a = Action(UserAction::Type::AltKey);
-  a.letter = letter;
   return a;
 }
 inline UserAction Clicked(std::string target) {
@@ -117,7 +107,7 @@ class FixedFonts : public FontCatalog {
 };
 
 // One line per event: "shown frmA", "focus frmA txtName", "closed frmA",
-// "msgbox 'Saved' OK", "font ok Courier New", "read k=v default".
+// "msgbox 'Saved' OK", "font ok Courier New".
 class Recorder : public Observer {
  public:
   std::vector<std::string> lines;
@@ -131,15 +121,6 @@ class Recorder : public Observer {
   }
   void FontServiceClosed(const FontChoice&, const FontChoice& result, bool ok) override {
     lines.push_back(std::string("font ") + (ok ? "ok " : "cancel ") + vb::ToUtf8(result.name));
-  }
-  void SettingRead(const vb::Text&, const vb::Text&, const vb::Text& key, const vb::Text& text,
-                   bool stored) override {
-    lines.push_back("read " + vb::ToUtf8(key) + "=" + vb::ToUtf8(text) +
-                    (stored ? " stored" : " default"));
-  }
-  void SettingWritten(const vb::Text&, const vb::Text&, const vb::Text& key,
-                      const vb::Text& text) override {
-    lines.push_back("write " + vb::ToUtf8(key) + "=" + vb::ToUtf8(text));
   }
 };
 

@@ -1,5 +1,6 @@
-// The runtime's services -- message boxes, the font service, settings -- and
-// the script errors of the headless front end.
+// The runtime's services -- message boxes and the font service -- and the
+// script errors of the headless front end. Settings go through the runtime
+// to the store as the session tests show.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@
 namespace forms::testing {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 const ControlSpec kFontForm[] = {
@@ -35,31 +35,17 @@ class ServicesTest : public ::testing::Test {
   CommonDialog& dialog = form.Get<CommonDialog>("dlgFont");
 };
 
-TEST_F(ServicesTest, MessageBoxShowsTheAppTitleUnlessGivenOne) {
-  struct Seen : Recorder {
-    std::vector<std::string> titles;
-    void MessageBoxShown(const MessageBox& box, std::int32_t answer) override {
-      titles.push_back(vb::ToUtf8(box.title) + (box.title_given ? " given" : " default"));
-      Recorder::MessageBoxShown(box, answer);
-    }
-  } seen;
-  h.runtime.SetObserver(&seen);
-  h.script.Add(Answered(vbCancel)).Add(Answered(vbNo));
-  EXPECT_EQ(h.runtime.MsgBox(u"Discard?\nAll of it.", vbOKCancel | vbQuestion), vbCancel);
-  EXPECT_EQ(h.runtime.MsgBox(u"Sure?", vbYesNo, u"Remove"), vbNo);
-  EXPECT_THAT(seen.titles, ElementsAre("Tessaly default", "Remove given"));
-  EXPECT_THAT(h.script.Asked(), ElementsAre("message box 'Discard?'", "message box 'Sure?'"));
-  EXPECT_EQ(seen.lines.back(), "msgbox 'Sure?' No");
-}
-
+// Titles of message boxes are in the session tests; here, what a script may
+// answer, and that the box is named by its prompt's first line.
 TEST_F(ServicesTest, AnAnswerMustBeAButtonOfTheBox) {
-  h.script.Add(Answered(vbYes));
+  h.script.Add(Answered(vbNo)).Add(Answered(vbYes));
+  EXPECT_EQ(h.runtime.MsgBox(u"Sure?", vbYesNo), vbNo);
   try {
-    h.runtime.MsgBox(u"Go on?", vbOKCancel);
+    h.runtime.MsgBox(u"Go on?\nAll of it.", vbOKCancel);
     ADD_FAILURE() << "Yes accepted";
   } catch (const ScriptError& e) {
     EXPECT_STREQ(e.what(),
-                 "script:1: answer 'Yes' is no button of message box 'Go on?' (OK, Cancel)");
+                 "script:2: answer 'Yes' is no button of message box 'Go on?' (OK, Cancel)");
   }
   h.script.Add(Clicked("cmdOK"));
   EXPECT_THROW(h.runtime.MsgBox(u"Done"), ScriptError) << "a click while a message box waits";
@@ -103,14 +89,6 @@ TEST_F(ServicesTest, ScriptErrorsNameWhatWasWrongAndWhere) {
   EXPECT_THAT(ScriptErrorOf({Ticked("lstRows", 0)}), HasSubstr("row 0 is not in frmFont/lstRows"));
   EXPECT_EQ(ScriptErrorOf({Answered(vbOK)}),
             "script:4: an answer does not fit: dialog 'Font' waits for the user");
-}
-
-TEST_F(ServicesTest, SettingsGoToTheStoreAndAreReported) {
-  EXPECT_EQ(h.runtime.GetSetting(u"App", u"Sec", u"Key", u"dflt"), u"dflt");
-  h.runtime.SaveSetting(u"App", u"Sec", u"Key", u"v");
-  EXPECT_EQ(h.runtime.GetSetting(u"App", u"Sec", u"Key", u"dflt"), u"v");
-  EXPECT_THAT(h.log.lines,
-              ElementsAre("read Key=dflt default", "write Key=v", "read Key=v stored"));
 }
 
 }  // namespace

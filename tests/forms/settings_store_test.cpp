@@ -188,17 +188,20 @@ TEST_P(SettingsStoreConcurrencyTest, WritersOfDifferentKeysLoseNone) {
   EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
 }
 
+void PrintTo(Writers w, std::ostream* os) {
+  *os << (w == Writers::kProcesses ? "Processes" : "Threads");
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, SettingsStoreConcurrencyTest,
-                         ::testing::Values(Writers::kProcesses, Writers::kThreads),
-                         [](const auto& p) {
-                           return p.param == Writers::kProcesses ? "Processes" : "Threads";
-                         });
+                         ::testing::Values(Writers::kProcesses, Writers::kThreads));
 
 // A bad file: what it holds and the words after "cannot be read: ".
 struct BadFile {
+  const char* name;
   std::string bytes;
   std::string reason_start;
 };
+void PrintTo(const BadFile& c, std::ostream* os) { *os << c.name; }
 
 class SettingsStoreBadFileTest : public SettingsStoreFileTest,
                                  public ::testing::WithParamInterface<BadFile> {};
@@ -225,15 +228,16 @@ TEST_P(SettingsStoreBadFileTest, FailsNamingFileAndPlaceAndKeepsTheBytes) {
 INSTANTIATE_TEST_SUITE_P(
     Files, SettingsStoreBadFileTest,
     ::testing::Values(
-        BadFile{"{\n  \"Tessaly\": {\n    \"Fonts\": x\n  }\n}\n",
+        BadFile{"SyntaxError", "{\n  \"Tessaly\": {\n    \"Fonts\": x\n  }\n}\n",
                 "line 3, column 14: syntax error"},
         // Columns count characters: "é" is two bytes but one column.
-        BadFile{"{\"é\": x}", "line 1, column 7: "},
-        BadFile{"{\n  \"Tessaly\": {\n", "line 3, column 1: syntax error"},
-        BadFile{"{\"a\": \"\xff\"}", "line 1, column 8: "},
-        BadFile{"[]", "the file holds a list where a group of applications belongs"},
-        BadFile{"{\"Tessaly\": \"x\"}", "\"Tessaly\" is text where a group of sections belongs"},
-        BadFile{"{\"Tessaly\": {\"Fonts\": {\"Size\": 8}}}",
+        BadFile{"ColumnsCountCharacters", "{\"é\": x}", "line 1, column 7: "},
+        BadFile{"EndInsideAGroup", "{\n  \"Tessaly\": {\n", "line 3, column 1: syntax error"},
+        BadFile{"NoUtf8", "{\"a\": \"\xff\"}", "line 1, column 8: "},
+        BadFile{"ListOnTop", "[]", "the file holds a list where a group of applications belongs"},
+        BadFile{"TextForSections", "{\"Tessaly\": \"x\"}",
+                "\"Tessaly\" is text where a group of sections belongs"},
+        BadFile{"NumberForText", "{\"Tessaly\": {\"Fonts\": {\"Size\": 8}}}",
                 "\"Tessaly\" / \"Fonts\" / \"Size\" is a number where text belongs"}));
 
 TEST_F(SettingsStoreFileTest, UnreadableFileFailsWithTheOsError) {
@@ -293,9 +297,11 @@ TEST_F(SettingsStoreFileTest, ReplacingKeepsPermissionsAndSymbolicLinks) {
 }
 
 struct PathCase {
+  const char* name;
   const char* xdg;  // nullptr: unset
   const char* expected;
 };
+void PrintTo(const PathCase& c, std::ostream* os) { *os << c.name; }
 
 // Sets HOME and XDG_CONFIG_HOME for one case and puts them back after.
 class SettingsStoreDefaultPathTest : public ::testing::TestWithParam<PathCase> {
@@ -325,10 +331,11 @@ TEST_P(SettingsStoreDefaultPathTest, FollowsXdgConfigHomeThenHome) {
 
 INSTANTIATE_TEST_SUITE_P(
     Env, SettingsStoreDefaultPathTest,
-    ::testing::Values(PathCase{"/cfg", "/cfg/tessaly/settings.json"},
-                      PathCase{nullptr, "/home/ann/.config/tessaly/settings.json"},
-                      PathCase{"", "/home/ann/.config/tessaly/settings.json"},
-                      PathCase{"relative/cfg", "/home/ann/.config/tessaly/settings.json"}));
+    ::testing::Values(PathCase{"XdgSet", "/cfg", "/cfg/tessaly/settings.json"},
+                      PathCase{"XdgUnset", nullptr, "/home/ann/.config/tessaly/settings.json"},
+                      PathCase{"XdgEmpty", "", "/home/ann/.config/tessaly/settings.json"},
+                      PathCase{"XdgRelative", "relative/cfg",
+                               "/home/ann/.config/tessaly/settings.json"}));
 
 }  // namespace
 }  // namespace forms

@@ -10,6 +10,10 @@ struct DispatchCase {
   tessaly::DialogKind dialog;
 };
 
+void PrintTo(const DispatchCase& c, std::ostream* os) {
+  *os << '"' << vb::ToUtf8(c.class_name) << '"';
+}
+
 class DispatchTest : public ::testing::TestWithParam<DispatchCase> {};
 
 TEST_P(DispatchTest, ClassNameFindsItsRow) {

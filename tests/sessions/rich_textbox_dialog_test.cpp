@@ -36,7 +36,14 @@ struct ScrollBarsCase {
   int written;
 };
 
-void PrintTo(const ScrollBarsCase& c, std::ostream* os) { *os << "ScrollBars" << c.written; }
+// "ScrollBars2 after optSB(2) optSB(0) optSB(2)": the value and the user's actions.
+void PrintTo(const ScrollBarsCase& c, std::ostream* os) {
+  std::string actions = c.user;
+  for (auto& ch : actions) {
+    if (ch == '\n') ch = ';';
+  }
+  *os << "ScrollBars" << c.written << " after " << actions;
+}
 
 class RichTextBoxScrollBarsTest : public RichTextBoxDialogTest,
                                   public ::testing::WithParamInterface<ScrollBarsCase> {};

@@ -82,11 +82,14 @@ TEST_F(Presses, TheCloseBoxUnloadsTheForm) {
 }
 
 struct ChoiceCase {
+  const char* name;
   std::int32_t style;
   std::vector<Input> presses;
   std::optional<std::int32_t> answer;  // after the last press
   std::size_t chosen;
 };
+
+void PrintTo(const ChoiceCase& c, std::ostream* os) { *os << c.name; }
 
 class Choices : public ::testing::TestWithParam<ChoiceCase> {};
 
@@ -106,30 +109,39 @@ using FK = forms::Key;
 INSTANTIATE_TEST_SUITE_P(
     Keys, Choices,
     ::testing::Values(
-        ChoiceCase{forms::vbOKCancel, {Input::Pressed(FK::Enter)}, forms::vbOK, 0},
-        ChoiceCase{forms::vbYesNoCancel,
+        ChoiceCase{"EnterAnswers", forms::vbOKCancel, {Input::Pressed(FK::Enter)}, forms::vbOK, 0},
+        ChoiceCase{"RightMoves",
+                   forms::vbYesNoCancel,
                    {Input::Pressed(FK::Right), Input::Pressed(FK::Enter)},
                    forms::vbNo,
                    1},
-        ChoiceCase{forms::vbYesNo, {Input::Pressed(FK::Left)}, std::nullopt, 1},
-        ChoiceCase{forms::vbYesNoCancel,
+        ChoiceCase{"LeftWraps", forms::vbYesNo, {Input::Pressed(FK::Left)}, std::nullopt, 1},
+        ChoiceCase{"TabWalksRound",
+                   forms::vbYesNoCancel,
                    {Input::Pressed(FK::Tab), Input::Pressed(FK::Tab), Input::Pressed(FK::Tab)},
                    std::nullopt,
                    0},
-        ChoiceCase{forms::vbYesNoCancel | forms::vbQuestion,
+        ChoiceCase{"EscCancels",
+                   forms::vbYesNoCancel | forms::vbQuestion,
                    {Input::Pressed(FK::Escape)},
                    forms::vbCancel,
                    0},
         // Esc has nothing to answer with Yes and No alone.
-        ChoiceCase{forms::vbYesNo, {Input::Pressed(FK::Escape)}, std::nullopt, 0},
-        ChoiceCase{forms::vbOKOnly, {Input::Pressed(FK::Escape)}, forms::vbOK, 0},
-        ChoiceCase{forms::vbAbortRetryIgnore, {Input::Typed(u'i')}, forms::vbIgnore, 0},
-        ChoiceCase{forms::vbYesNo, {Input::AltLetter(u'N')}, forms::vbNo, 0},
-        ChoiceCase{forms::vbRetryCancel, {Input::Typed(u' ')}, forms::vbRetry, 0},
+        ChoiceCase{
+            "EscWithoutCancel", forms::vbYesNo, {Input::Pressed(FK::Escape)}, std::nullopt, 0},
+        ChoiceCase{"EscOnOkOnly", forms::vbOKOnly, {Input::Pressed(FK::Escape)}, forms::vbOK, 0},
+        ChoiceCase{
+            "LetterAnswers", forms::vbAbortRetryIgnore, {Input::Typed(u'i')}, forms::vbIgnore, 0},
+        ChoiceCase{"AltLetterAnswers", forms::vbYesNo, {Input::AltLetter(u'N')}, forms::vbNo, 0},
+        ChoiceCase{"SpacePresses", forms::vbRetryCancel, {Input::Typed(u' ')}, forms::vbRetry, 0},
         // The default-button bits choose the second or third button first.
-        ChoiceCase{forms::vbYesNoCancel | 256, {Input::Pressed(FK::Enter)}, forms::vbNo, 1},
-        ChoiceCase{forms::vbYesNoCancel | 512, {}, std::nullopt, 2},
-        ChoiceCase{forms::vbOKOnly | 512, {}, std::nullopt, 0}));
+        ChoiceCase{"SecondDefault",
+                   forms::vbYesNoCancel | 256,
+                   {Input::Pressed(FK::Enter)},
+                   forms::vbNo,
+                   1},
+        ChoiceCase{"ThirdDefault", forms::vbYesNoCancel | 512, {}, std::nullopt, 2},
+        ChoiceCase{"NoThirdButton", forms::vbOKOnly | 512, {}, std::nullopt, 0}));
 
 }  // namespace
 }  // namespace tui

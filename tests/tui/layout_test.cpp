@@ -159,12 +159,15 @@ TEST(FormLayout, LabelsAlignWithinTheirRoom) {
 }
 
 struct TextCase {
+  const char* name;
   const char16_t* text;
   std::int32_t sel_start;
   std::int32_t sel_length;
   const char* row;
   int caret_column;
 };
+
+void PrintTo(const TextCase& c, std::ostream* os) { *os << c.name; }
 
 class TextBoxLayout : public ::testing::TestWithParam<TextCase> {};
 
@@ -186,15 +189,15 @@ TEST_P(TextBoxLayout, FieldShowsTheTextAroundTheCaret) {
   EXPECT_EQ(layout.caret->column, c.caret_column);
 }
 
-INSTANTIATE_TEST_SUITE_P(Carets, TextBoxLayout,
-                         ::testing::Values(TextCase{u"", 0, 0, "[________]", 1},
-                                           TextCase{u"hello", 5, 0, "[hello___]", 6},
-                                           TextCase{u"hello", 0, 5, "[hello___]",
-                                                    6},  // caret at the selection's end
-                                           TextCase{u"abcdefgh", 8, 0, "[bcdefgh_]", 8},
-                                           TextCase{u"abcdefghij", 10, 0, "[defghij_]", 8},
-                                           TextCase{u"abcdefghij", 2, 0, "[abcdefgh]", 3},
-                                           TextCase{u"a\r\nb", 0, 0, "[a\u00B7\u00B7b____]", 1}));
+INSTANTIATE_TEST_SUITE_P(
+    Carets, TextBoxLayout,
+    ::testing::Values(TextCase{"Empty", u"", 0, 0, "[________]", 1},
+                      TextCase{"CaretAtTheEnd", u"hello", 5, 0, "[hello___]", 6},
+                      TextCase{"CaretAtTheSelectionsEnd", u"hello", 0, 5, "[hello___]", 6},
+                      TextCase{"FullField", u"abcdefgh", 8, 0, "[bcdefgh_]", 8},
+                      TextCase{"ScrolledToTheCaret", u"abcdefghij", 10, 0, "[defghij_]", 8},
+                      TextCase{"CaretNearTheStart", u"abcdefghij", 2, 0, "[abcdefgh]", 3},
+                      TextCase{"LineBreaksAsDots", u"a\r\nb", 0, 0, "[a\u00B7\u00B7b____]", 1}));
 
 TEST(TextBoxLayout, ASelectionShowsTheFieldColoursTurnedRound) {
   static constexpr std::array<ControlSpec, 1> design = {{{K::TextBox, "txt", -1, u"hello"}}};
@@ -271,9 +274,12 @@ TEST(ListLayout, AnEmptyListStillHasARowForTheFocus) {
 }
 
 struct CaptionCase {
+  const char* name;
   const char16_t* caption;
   std::vector<Span> spans;
 };
+
+void PrintTo(const CaptionCase& c, std::ostream* os) { *os << c.name; }
 
 class Captions : public ::testing::TestWithParam<CaptionCase> {};
 
@@ -283,13 +289,14 @@ TEST_P(Captions, TheAccessKeyIsUnderlinedAndItsMarkDropped) {
 
 INSTANTIATE_TEST_SUITE_P(
     Marks, Captions,
-    ::testing::Values(CaptionCase{u"&Save", {{u"S", kBold | kUnderline}, {u"ave", kBold}}},
-                      CaptionCase{u"Sa&ve",
-                                  {{u"Sa", kBold}, {u"v", kBold | kUnderline}, {u"e", kBold}}},
-                      CaptionCase{u"A&&B", {{u"A&B", kBold}}},
-                      CaptionCase{u"&&&X", {{u"&", kBold}, {u"X", kBold | kUnderline}}},
-                      CaptionCase{u"&a&b", {{u"a", kBold | kUnderline}, {u"b", kBold}}},
-                      CaptionCase{u"Tail&", {{u"Tail&", kBold}}}, CaptionCase{u"", {}}));
+    ::testing::Values(
+        CaptionCase{"First", u"&Save", {{u"S", kBold | kUnderline}, {u"ave", kBold}}},
+        CaptionCase{
+            "Inside", u"Sa&ve", {{u"Sa", kBold}, {u"v", kBold | kUnderline}, {u"e", kBold}}},
+        CaptionCase{"Doubled", u"A&&B", {{u"A&B", kBold}}},
+        CaptionCase{"DoubledThenKey", u"&&&X", {{u"&", kBold}, {u"X", kBold | kUnderline}}},
+        CaptionCase{"OnlyTheFirstKey", u"&a&b", {{u"a", kBold | kUnderline}, {u"b", kBold}}},
+        CaptionCase{"MarkAtTheEnd", u"Tail&", {{u"Tail&", kBold}}}, CaptionCase{"Empty", u"", {}}));
 
 TEST(MessageBoxLayout, PromptLinesThenTheButtonsCentred) {
   forms::MessageBox box{u"Line one\r\nLine two", forms::vbYesNoCancel, u"Tessaly", true};

@@ -15,6 +15,15 @@ struct IntCase {
   bool fails = false;
 };
 
+void PrintTo(const IntCase& c, std::ostream* os) {
+  *os << '"' << vb::ToUtf8(c.text) << "\" ";
+  if (!c.fails) {
+    *os << "is " << c.expected;
+  } else {
+    *os << (c.expected == vb::kOverflow ? "overflows" : "mismatches");
+  }
+}
+
 class CIntTest : public ::testing::TestWithParam<IntCase> {};
 
 TEST_P(CIntTest, RoundsHalfToEvenAndChecksRange) {
@@ -57,6 +66,9 @@ struct BoolCase {
   const char16_t* text;
   vb::Boolean expected;
 };
+void PrintTo(const BoolCase& c, std::ostream* os) {
+  *os << '"' << vb::ToUtf8(c.text) << "\" is " << vb::ToUtf8(vb::BooleanToText(c.expected));
+}
 class CBoolTest : public ::testing::TestWithParam<BoolCase> {};
 TEST_P(CBoolTest, NumbersAndWords) { EXPECT_EQ(vb::CBool(GetParam().text), GetParam().expected); }
 INSTANTIATE_TEST_SUITE_P(
@@ -91,6 +103,7 @@ struct SingleCase {
   float value;
   const char16_t* text;
 };
+void PrintTo(const SingleCase& c, std::ostream* os) { *os << vb::ToUtf8(c.text); }
 class SingleToTextTest : public ::testing::TestWithParam<SingleCase> {};
 TEST_P(SingleToTextTest, ShortestText) {
   EXPECT_EQ(vb::SingleToText(GetParam().value), GetParam().text);

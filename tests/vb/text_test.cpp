@@ -9,6 +9,10 @@ struct LikeCase {
   const char16_t* pattern;
   bool matches;
 };
+void PrintTo(const LikeCase& c, std::ostream* os) {
+  *os << '"' << vb::ToUtf8(c.text) << (c.matches ? "\" Like \"" : "\" Not Like \"")
+      << vb::ToUtf8(c.pattern) << '"';
+}
 class LikeTest : public ::testing::TestWithParam<LikeCase> {};
 TEST_P(LikeTest, StarOnly) {
   const auto& c = GetParam();

@@ -1,5 +1,6 @@
 // The control events the designer actions raise, in order and with their
-// arguments; deleted controls that still answer; injected refusals.
+// arguments, and deleted controls that still answer. ItemAdded, a rename in
+// the designer and injected refusals are exercised by the session tests.
 #include <gtest/gtest.h>
 
 #include "workbench/ide.hpp"
@@ -27,42 +28,22 @@ class ControlEventsTest : public ::testing::Test, public ModelFixture {
   std::shared_ptr<ide::VBControlsEvents> events_;
 };
 
-TEST_F(ControlEventsTest, AddReportsThenRaisesItemAdded) {
-  form->AddControl(u"TextBox");
-  form->AddControlExact(u"MSComCtl2.DTPicker", u"dtpWhen");
-  EXPECT_EQ(log_, (Log{"added Text1", "sink ItemAdded Form1.Text1", "added dtpWhen",
-                       "sink ItemAdded Form1.dtpWhen"}));
-}
-
-TEST_F(ControlEventsTest, AddInNameWriteRaisesItemRenamedAfterTheWrite) {
-  auto text = form->AddControl(u"TextBox");
-  log_.clear();
-  Prop(text, u"Name")->SetValue(u"txtName");
-  EXPECT_EQ(log_, (Log{"write txtName.Name text:txtName ok", "renamed Text1(-1) -> txtName",
-                       "sink ItemRenamed Form1.txtName from Text1(-1)"}));
-}
-
-TEST_F(ControlEventsTest, UnchangedNameRaisesNothing) {
+// A Name write raises ItemRenamed after it is reported, unless the name is
+// unchanged; an Index change is a rename too, carrying the old index.
+TEST_F(ControlEventsTest, NameAndIndexWritesRaiseItemRenamedWithTheOldNameAndIndex) {
   auto text = form->AddControl(u"TextBox");
   log_.clear();
   Prop(text, u"Name")->SetValue(u"Text1");
-  EXPECT_EQ(log_, (Log{"write Text1.Name text:Text1 ok"}));
-}
-
-TEST_F(ControlEventsTest, SheetRenameAndIndexChangeCarryTheOldIndex) {
-  form->AddControl(u"Label");
-  log_.clear();
-  form->RenameControl(u"label1", u"lblCaption");
-  auto label = form->FindControl(u"lblCaption");
-  form->SetPropertyFromSheet(*label, u"Index", u"0");
-  form->SetPropertyFromSheet(*label, u"Index", u"3");
-  EXPECT_EQ(log_,
-            (Log{"sheet lblCaption.Name text:lblCaption ok", "renamed Label1(-1) -> lblCaption",
-                 "sink ItemRenamed Form1.lblCaption from Label1(-1)",
-                 "sheet lblCaption(0).Index text:0 ok", "renamed lblCaption(-1) -> lblCaption(0)",
-                 "sink ItemRenamed Form1.lblCaption from lblCaption(-1)",
-                 "sheet lblCaption(3).Index text:3 ok", "renamed lblCaption(0) -> lblCaption(3)",
-                 "sink ItemRenamed Form1.lblCaption from lblCaption(0)"}));
+  Prop(text, u"Name")->SetValue(u"txtName");
+  form->SetPropertyFromSheet(*text, u"Index", u"0");
+  form->SetPropertyFromSheet(*text, u"Index", u"3");
+  EXPECT_EQ(
+      log_,
+      (Log{"write Text1.Name text:Text1 ok", "write txtName.Name text:txtName ok",
+           "renamed Text1(-1) -> txtName", "sink ItemRenamed Form1.txtName from Text1(-1)",
+           "sheet txtName(0).Index text:0 ok", "renamed txtName(-1) -> txtName(0)",
+           "sink ItemRenamed Form1.txtName from txtName(-1)", "sheet txtName(3).Index text:3 ok",
+           "renamed txtName(0) -> txtName(3)", "sink ItemRenamed Form1.txtName from txtName(0)"}));
 }
 
 TEST_F(ControlEventsTest, SheetValuesAreConvertedAndRefusalsReported) {
@@ -171,43 +152,14 @@ TEST_F(ControlEventsTest, DroppedSourceRaisesNothing) {
   EXPECT_TRUE(log.empty());
 }
 
-// --- Injected refusals ------------------------------------------------------
-
-TEST_F(ControlEventsTest, RefusalOnceThenWritesPass) {
+// The session scripts refuse with the usual number only.
+TEST_F(ControlEventsTest, AnInjectedRefusalFailsWithItsNumber) {
   auto text = form->AddControl(u"TextBox");
-  ide_->InjectRefusal({.control = u"text1", .property = u"Text", .description = u"Locked by test"});
-  log_.clear();
-  auto property = Prop(text, u"Text");
-  EXPECT_EQ(DescriptionOf([&] { property->SetValue(u"a"); }), "Locked by test");
-  EXPECT_EQ(FailureOf([&] { property->SetValue(u"b"); }), 0);
-  EXPECT_EQ(log_, (Log{"write Text1.Text text:a failed 380", "write Text1.Text text:b ok"}));
-  EXPECT_EQ(text->Get(u"Text"), vb::Value(u"b"));
-}
-
-TEST_F(ControlEventsTest, RefusalAlwaysWithNumberFollowsTheRename) {
-  auto text = form->AddControl(u"TextBox");
-  ide_->InjectRefusal({.control = u"txtName",
-                       .property = u"Tag",
-                       .description = u"no",
-                       .number = 5,
-                       .always = true});
-  EXPECT_EQ(FailureOf([&] { Prop(text, u"Tag")->SetValue(u"x"); }), 0);  // not yet that name
-  Prop(text, u"Name")->SetValue(u"txtName");
-  EXPECT_EQ(FailureOf([&] { Prop(text, u"Tag")->SetValue(u"y"); }), 5);
-  EXPECT_EQ(FailureOf([&] { Prop(text, u"Tag")->SetValue(u"z"); }), 5);
-  EXPECT_EQ(text->Get(u"Tag"), vb::Value(u"x"));
-}
-
-TEST_F(ControlEventsTest, RefusalOfFontCoversItsMembers) {
-  auto label = form->AddControl(u"Label");
-  project->InjectRefusal({.control = u"Label1", .property = u"Font", .description = u"no font"});
-  auto font = std::dynamic_pointer_cast<ide::FontObject>(Prop(label, u"Font")->Object());
-  ASSERT_NE(font, nullptr);
-  log_.clear();
-  EXPECT_EQ(FailureOf([&] { font->Put(ide::FontDispId::Size, vb::Value(u"12")); }), 380);
-  font->Put(ide::FontDispId::Size, vb::Value(u"12"));
-  EXPECT_EQ(log_, (Log{"font Label1.Size text:12 failed 380", "font Label1.Size text:12 ok"}));
-  EXPECT_EQ(label->GetFont()->Size(), 12.0F);
+  ide_->InjectRefusal({.control = u"Text1", .property = u"Text", .description = u"Locked"});
+  project->InjectRefusal(
+      {.control = u"Text1", .property = u"Tag", .description = u"No", .number = 5});
+  EXPECT_EQ(FailureOf([&] { Prop(text, u"Text")->SetValue(u"a"); }), vb::kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf([&] { Prop(text, u"Tag")->SetValue(u"a"); }), 5);
 }
 
 }  // namespace

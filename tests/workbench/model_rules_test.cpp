@@ -151,13 +151,6 @@ TEST(ClassRulesTest, RefusedWriteLeavesTheValue) {
   EXPECT_EQ(check->Get(u"Value"), I(1));
 }
 
-TEST(ClassRulesTest, PropertiesItemFailsForMissingProperty) {
-  ModelFixture f;
-  auto timer = f.form->AddControl(u"Timer");
-  EXPECT_EQ(FailureOf([&] { timer->Properties()->Item(u"Visible"); }), k438);
-  EXPECT_EQ(FailureOf([&] { timer->Properties()->Item(u"interval"); }), 0);  // any case
-}
-
 // --- Default names and captions -----------------------------------------------
 
 struct DefaultCase {
@@ -165,6 +158,8 @@ struct DefaultCase {
   const char* first_name;
   const char* named_property;  // a property that starts as the name, or null
 };
+
+void PrintTo(const DefaultCase& c, std::ostream* os) { *os << c.first_name; }
 
 class DefaultNameTest : public ::testing::TestWithParam<DefaultCase>, public ModelFixture {};
 
@@ -209,14 +204,6 @@ TEST(DefaultNamesTest, LowestFreeNumberIgnoringCase) {
   EXPECT_EQ(U8(f.form->AddControl(u"TextBox")->Name()), "Text4");
   f.form->DeleteControl(u"text1");
   EXPECT_EQ(U8(f.form->AddControl(u"TextBox")->Name()), "Text1");
-}
-
-TEST(DefaultNamesTest, LabelCaptionIsNotTextBoxText) {
-  ModelFixture f;
-  auto label = f.form->AddControl(u"Label");
-  EXPECT_EQ(FailureOf([&] { label->Get(u"Text"); }), k438);
-  auto list = f.form->AddControl(u"ListBox");
-  EXPECT_EQ(FailureOf([&] { list->Get(u"Caption"); }), k438);
 }
 
 TEST(DefaultNamesTest, UnknownClassFailsButExactAddGetsGenericSet) {

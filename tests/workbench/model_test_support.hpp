@@ -43,7 +43,8 @@ std::string DescriptionOf(Call&& call) {
   return "";
 }
 
-// Every call as a line: "write Text1.Caption text:Hi ok", "added Text1"...
+// Every write and control event as a line: "write Text1.Caption text:Hi ok",
+// "added Text1"...
 class RecordingObserver : public IdeObserver {
  public:
   std::vector<std::string> log;
@@ -69,19 +70,6 @@ class RecordingObserver : public IdeObserver {
                       std::int32_t old_index) override {
     log.push_back("renamed " + U8(old_name) + "(" + std::to_string(old_index) + ") -> " +
                   U8(control.DisplayName()));
-  }
-  void MenuEntryAdded(const vb::Text& bar, const vb::Text& caption) override {
-    log.push_back("menu+ " + U8(bar) + " '" + U8(caption) + "'");
-  }
-  void MenuEntryCaptionSet(const vb::Text& bar, const vb::Text& old_caption,
-                           const vb::Text& caption) override {
-    log.push_back("menu~ " + U8(bar) + " '" + U8(old_caption) + "' -> '" + U8(caption) + "'");
-  }
-  void MenuEntryRemoved(const vb::Text& bar, const vb::Text& caption) override {
-    log.push_back("menu- " + U8(bar) + " '" + U8(caption) + "'");
-  }
-  void MenuEntryClicked(const vb::Text& bar, const vb::Text& caption) override {
-    log.push_back("click " + U8(bar) + " '" + U8(caption) + "'");
   }
 
  private:

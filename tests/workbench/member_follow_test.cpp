@@ -1,0 +1,247 @@
+// The member table follows edits instead of scanning anew; a new scan of the
+// edited text is the judge. Modules and edits are random (fixed seeds) and
+// made of the pieces that make following hard: bodies, one-line procedures,
+// Property pairs, continuations, names that differ only in case.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "workbench/code_module.hpp"
+#include "workbench/member_scan.hpp"
+#include "workbench/module_text.hpp"
+
+namespace workbench {
+namespace {
+
+using Lines = std::vector<vb::Text>;
+
+std::string Describe(const std::vector<ScannedMember>& members) {
+  std::string out;
+  for (const ScannedMember& m : members) {
+    out += std::string(MemberKindName(m.kind)) + " " + vb::ToUtf8(m.name) + " " +
+           std::to_string(m.line) + "-" + (m.end_line ? std::to_string(*m.end_line) : "?");
+    for (const CodeExtent& part : m.more_parts) {
+      out += " +" + std::to_string(part.line) + "-" +
+             (part.end_line ? std::to_string(*part.end_line) : "?");
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+class RandomModule {
+ public:
+  explicit RandomModule(unsigned seed) : random_(seed) {}
+
+  std::size_t Below(std::size_t n) {
+    return std::uniform_int_distribution<std::size_t>(0, n - 1)(random_);
+  }
+
+  // A name from a small pool, in a random case now and then.
+  vb::Text Name() {
+    vb::Text name = u"Name" + vb::FromUtf8(std::to_string(Below(12)));
+    if (Below(4) == 0) name[0] = u'n';
+    return name;
+  }
+
+  Lines Piece() {
+    const vb::Text n = Name();
+    switch (Below(14)) {
+      case 0:
+        return {u"Private Sub " + n + u"()", u"    x = 1", u"End Sub"};
+      case 1:
+        return {u"Public Function " + n + u"() As Long", u"    " + n + u" = 2", u"End Function"};
+      case 2:
+        return {u"Sub " + n + u"(): End Sub"};
+      case 3:
+        return {u"Property Get P" + n + u"()", u"End Property"};
+      case 4:
+        return {u"Property Let P" + n + u"(v)", u"End Property"};
+      case 5:
+        return {u"Private Type T" + n, u"    a As Long", u"End Type"};
+      case 6:
+        return {u"Dim " + n + u", V" + n + u" As Long"};
+      case 7:
+        return {u"Const K" + n + u" = 1"};
+      case 8:
+        return {u"' a comment that goes on _", u"Sub Hidden()"};
+      case 9:
+        return {u"Private Sub " + n + u"(ByVal a As Long, _", u"    ByVal b As Long)", u"End Sub"};
+      case 10:
+        return {u"Sub " + n + u"()"};  // never closed
+      case 11:
+        return {u"    s = \"End Sub\": End Sub"};
+      case 12:
+        return {u"Dim W" + n + u" As Long, _"};  // goes on into whatever follows
+      default:
+        return {u""};
+    }
+  }
+
+  Lines Pieces(std::size_t count) {
+    Lines lines;
+    for (std::size_t i = 0; i < count; ++i) {
+      const Lines piece = Piece();
+      lines.insert(lines.end(), piece.begin(), piece.end());
+    }
+    return lines;
+  }
+
+  static vb::Text Text(const Lines& lines) {
+    vb::Text text;
+    for (std::size_t i = 0; i < lines.size(); ++i) text += (i == 0 ? u"" : u"\r\n") + lines[i];
+    return text;
+  }
+
+  // Lines to delete (from 1): often exactly a member's own lines, or those of
+  // several members in a row, else anything.
+  std::pair<std::int32_t, std::int32_t> Deletion(const std::vector<ScannedMember>& members,
+                                                 std::size_t line_count) {
+    if (!members.empty() && Below(3) != 0) {
+      const ScannedMember& from = members[Below(members.size())];
+      const ScannedMember& to = Below(3) == 0 ? members[Below(members.size())] : from;
+      const std::int32_t last = to.end_line.value_or(to.line);
+      if (from.line <= last) return {from.line, last - from.line + 1};
+    }
+    const auto first = static_cast<std::int32_t>(1 + Below(line_count + 1));
+    const auto room = static_cast<std::size_t>(static_cast<std::int32_t>(line_count) - first + 1);
+    return {first, static_cast<std::int32_t>(Below(std::min<std::size_t>(room, 8) + 1))};
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+// Every name the scan lists is found, by any case, at its first member.
+void ExpectSameLookUp(const MemberTable& table, const std::vector<ScannedMember>& scanned) {
+  for (const ScannedMember& member : scanned) {
+    vb::Text upper = member.name;
+    for (char16_t& c : upper) c = (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c;
+    const ScannedMember* found = table.Find(upper);
+    ASSERT_NE(found, nullptr) << vb::ToUtf8(member.name);
+    const auto first = std::find_if(scanned.begin(), scanned.end(), [&](const ScannedMember& m) {
+      return FoldCase(m.name) == FoldCase(member.name);
+    });
+    EXPECT_EQ(found->line, first->line) << vb::ToUtf8(member.name);
+  }
+  EXPECT_EQ(table.Find(u"NoSuchMember"), nullptr);
+}
+
+TEST(MemberFollowTest, FollowedEditsGiveWhatANewScanGives) {
+  RandomModule random(11);
+  int followed_deletions = 0, followed_insertions = 0, scanned_anew = 0;
+  for (int round = 0; round < 100; ++round) {
+    Lines lines = random.Pieces(3 + random.Below(30));
+    ModuleText text(lines);
+    auto table = std::make_unique<MemberTable>(text);
+    for (int step = 0; step < 25; ++step) {
+      bool followed = false;
+      if (random.Below(2) == 0) {
+        const auto [first, count] = random.Deletion(table->All(), lines.size());
+        text.Erase(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count));
+        lines.erase(lines.begin() + first - 1, lines.begin() + first - 1 + count);
+        followed = table->FollowDeletion(first, count);
+        followed_deletions += followed && count > 0;
+      } else {
+        const Lines added = random.Pieces(1 + random.Below(3));
+        const std::size_t at = random.Below(2) == 0 ? lines.size() : random.Below(lines.size() + 1);
+        const auto count = text.Insert(at, RandomModule::Text(added));
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), added.begin(), added.end());
+        followed = table->FollowInsertion(text, static_cast<std::int32_t>(at + 1),
+                                          static_cast<std::int32_t>(count));
+        followed_insertions += followed;
+      }
+      const std::vector<ScannedMember> scanned = ScanMembers(lines);
+      if (!followed) {
+        ++scanned_anew;
+        table = std::make_unique<MemberTable>(text);
+      }
+      ASSERT_EQ(Describe(table->All()), Describe(scanned)) << vb::ToUtf8(RandomModule::Text(lines));
+      ExpectSameLookUp(*table, scanned);
+    }
+  }
+  // The seed gives plenty of each outcome: the test says nothing otherwise.
+  EXPECT_GT(followed_deletions, 200);
+  EXPECT_GT(followed_insertions, 200);
+  EXPECT_GT(scanned_anew, 200);
+}
+
+// The module behind the IDE's interface: collections, snapshots and member
+// objects read before an edit.
+TEST(MemberFollowTest, ModuleMembersMatchANewScanAfterEveryEdit) {
+  RandomModule random(5);
+  for (int round = 0; round < 60; ++round) {
+    auto module = std::make_shared<CodeModule>(u"Form1", random.Pieces(3 + random.Below(25)));
+    const std::shared_ptr<ide::Members> members = module->Members();
+    for (int step = 0; step < 20; ++step) {
+      // A member or a table held across the edit keeps what it said; when
+      // neither is held, the module changes its table in place.
+      std::shared_ptr<const MemberTable> snapshot = module->ScannedMembers();
+      const std::vector<ScannedMember> before = snapshot->All();
+      const std::string snapshot_said = Describe(before);
+      std::shared_ptr<ide::Member> held;
+      std::int32_t held_at = 0;
+      if (!before.empty() && random.Below(3) == 0) {
+        held = members->All()[random.Below(before.size())];
+        held_at = held->CodeLocation();
+      }
+      if (random.Below(3) != 0) snapshot.reset();
+      switch (random.Below(3)) {
+        case 0: {
+          const auto [first, count] =
+              random.Deletion(before, static_cast<std::size_t>(module->CountOfLines()));
+          module->DeleteLines(first, count);
+          break;
+        }
+        case 1:
+          module->InsertLines(
+              static_cast<std::int32_t>(
+                  1 + random.Below(static_cast<std::size_t>(module->CountOfLines()) + 1)),
+              RandomModule::Text(random.Pieces(1 + random.Below(3))));
+          break;
+        default:
+          module->AddFromString(RandomModule::Text(random.Pieces(1 + random.Below(3))));
+          break;
+      }
+      const std::vector<ScannedMember> scanned = ScanMembers(module->AllLines());
+      ASSERT_EQ(Describe(module->ScannedMembers()->All()), Describe(scanned));
+      const auto all = members->All();
+      ASSERT_EQ(all.size(), scanned.size());
+      for (std::size_t i = 0; i < all.size(); ++i) {
+        EXPECT_EQ(all[i]->Name(), scanned[i].name);
+        EXPECT_EQ(all[i]->CodeLocation(), scanned[i].line);
+        EXPECT_EQ(members->Item(scanned[i].name).get(),
+                  all[static_cast<std::size_t>(module->ScannedMembers()->Find(scanned[i].name) -
+                                               module->ScannedMembers()->All().data())]
+                      .get());
+      }
+      if (snapshot) {
+        EXPECT_EQ(Describe(snapshot->All()), snapshot_said);
+      }
+      if (held) {
+        EXPECT_EQ(held->CodeLocation(), held_at);
+      }
+    }
+  }
+}
+
+TEST(MemberFollowTest, RemovingTheFirstOfANameFindsTheNext) {
+  auto module = std::make_shared<CodeModule>(
+      u"Form1",
+      Lines{u"Sub Twin()", u"End Sub", u"Sub Other()", u"End Sub", u"Sub TWIN()", u"End Sub"});
+  const auto members = module->Members();
+  ASSERT_EQ(members->Item(u"twin")->CodeLocation(), 1);
+  module->DeleteLines(1, 2);
+  ASSERT_NE(members->Item(u"twin"), nullptr);
+  EXPECT_EQ(members->Item(u"twin")->Name(), u"TWIN");
+  EXPECT_EQ(members->Item(u"twin")->CodeLocation(), 3);
+  module->InsertLines(1, u"Sub tWin()\r\nEnd Sub");
+  EXPECT_EQ(members->Item(u"twin")->Name(), u"tWin");
+  EXPECT_EQ(members->Item(u"TWIN")->CodeLocation(), 1);
+}
+
+}  // namespace
+}  // namespace workbench

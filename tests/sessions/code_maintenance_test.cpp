@@ -60,7 +60,11 @@ TEST_F(CodeMaintenanceTest, DeletingListsEveryMemberCheckedAndRemovesThem) {
   Given(kTwoProcedures, "delete Text1\nstate\nclick cmdOK\n");
   ASSERT_EQ(Shown().size(), 1u);
   EXPECT_EQ(Shown()[0]["caption"], "Remove Code for Control");
+  EXPECT_EQ(Control("Label1")["caption"],
+            "The following methods are declared for the control that was just deleted.  "
+            "Select the methods that you would like to remove from the code listing.");
   EXPECT_EQ(Control("lblCtlName")["caption"], "Control Name : Text1");
+  EXPECT_EQ(Control("cmdOK")["caption"], "&Ok");
   const Json rows = Control("lstMembers")["rows"];
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0]["text"], "Text1_Change");
@@ -120,6 +124,11 @@ TEST_F(CodeMaintenanceTest, RenamingCarriesTheNameEverywhereButOtherCase) {
   Given(kRenamed, "rename Text1 Text2\nstate\nclick cmdReplace\n");
   ASSERT_EQ(Shown().size(), 1u);
   EXPECT_EQ(Shown()[0]["caption"], "Rename Code for Control");
+  EXPECT_EQ(Control("Label1")["caption"],
+            "You have just changed the name of a control.  Do you want to change all references "
+            "in the code for the current Form/Control to reflect the new name for the control?");
+  EXPECT_EQ(Control("cmdReplace")["caption"], "&Replace");
+  EXPECT_EQ(Control("cmdCancel")["caption"], "&Cancel");
   EXPECT_EQ(Control("lblOldName")["caption"], "Old Control Name : Text1");
   EXPECT_EQ(Control("lblNewName")["caption"], "New Control Name : Text2");
   EXPECT_EQ(Listing(), (Lines{"' Text2 feeds Text20", "Private Sub Text2_Change()",

@@ -34,6 +34,21 @@ TEST_F(OptionsDialogTest, AnEmptyStoreShowsEveryRowChecked) {
   EXPECT_EQ(Control("chkRename")["value"], 1);
   EXPECT_EQ(Control("txtFont")["text"], "Times New Roman");
   EXPECT_TRUE(Events("setting_written").empty());
+  const std::vector<std::pair<const char*, const char*>> captions = {
+      {"lblInstructions", "Select the controls to prompt for:"},
+      {"fraOptions", "Options"},
+      {"chkRemove", "&Remove Code"},
+      {"chkRename", "Rename &Code"},
+      {"cmdOK", "&Ok"},
+      {"cmdPromtAll", "&Promt All"},
+      {"cmdPromptNone", "Prompt &None"},
+      {"Frame1", "Default F&ont"},
+      {"Label1", "Font :"},
+      {"cmdFont", "..."}};
+  for (const auto& [control, caption] : captions) {
+    EXPECT_EQ(Control(control)["caption"], caption) << control;
+  }
+  EXPECT_FALSE(Control("txtFont")["enabled"].get<bool>());
 }
 
 TEST_F(OptionsDialogTest, UncheckingTextBoxStoresItsTableRowAndSurvivesARestart) {

@@ -182,7 +182,9 @@ std::string Trace::Render(const Json& e) {
     return out;
   }
   if (ev == "failure") {
-    return "FAILURE reached the IDE (" + s("number") + "): " + e["description"].get<std::string>();
+    // The add-in's event failed, or the IDE refused the action itself.
+    return "FAILED: " + e["action"].get<std::string>() + " (" + s("number") +
+           "): " + e["description"].get<std::string>();
   }
   return std::string();
 }

@@ -13,7 +13,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "forms/font_catalog.hpp"
+#include "linux/fontconfig_catalog.hpp"
 #include "host/connect.hpp"
 #include "tui/prompt.hpp"
 #include "tui/terminal_frontend.hpp"
@@ -57,7 +57,7 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
 }
 
 int RunInteractive(const std::string& project, const std::string& settings_path) {
-  forms::FontconfigCatalog fonts;
+  linux_platform::FontconfigCatalog fonts;
   tui::TerminalFrontend terminal(fonts);
   tui::PromptOptions options;
   options.session.settings_file = settings_path;

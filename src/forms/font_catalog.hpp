@@ -1,4 +1,5 @@
-// The font families the font service offers: the system's fonts.
+// The font families the font service offers: the system's fonts, through a
+// catalog each platform provides.
 //
 // Families are sorted ignoring case (ASCII and Latin-1 letters, as sorted
 // list boxes order rows), then exactly, and hold no exact duplicates. A
@@ -18,16 +19,6 @@ class FontCatalog {
   virtual const std::vector<vb::Text>& Families() = 0;
   // True when a family matches `family` with case ignored as in the order.
   bool Has(const vb::Text& family);
-};
-
-// The families fontconfig knows on this system, read once on first use.
-class FontconfigCatalog : public FontCatalog {
- public:
-  const std::vector<vb::Text>& Families() override;
-
- private:
-  bool loaded_ = false;
-  std::vector<vb::Text> families_;
 };
 
 }  // namespace forms

@@ -46,8 +46,8 @@ ide::ConnectMode ParseMode(const ScriptLine& line, const std::string& word) {
 
 Session::Session(SessionOptions options)
     : options_(std::move(options)),
-      own_fonts_(options_.fonts ? nullptr : std::make_unique<forms::FontconfigCatalog>()),
-      store_(options_.settings_file.empty() ? forms::FileSettingsStore::DefaultPath()
+      own_fonts_(options_.fonts ? nullptr : std::make_unique<linux_platform::FontconfigCatalog>()),
+      store_(options_.settings_file.empty() ? linux_platform::FileSettingsStore::DefaultPath()
                                             : options_.settings_file),
       frontend_(*this, options_.fonts ? *options_.fonts : *own_fonts_),
       runtime_(options_.frontend ? *options_.frontend : frontend_, store_, options_.app_title),

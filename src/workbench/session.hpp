@@ -23,10 +23,10 @@
 #include <stdexcept>
 #include <vector>
 
-#include "forms/font_catalog.hpp"
+#include "linux/fontconfig_catalog.hpp"
 #include "forms/headless.hpp"
 #include "forms/runtime.hpp"
-#include "forms/settings_store.hpp"
+#include "linux/file_settings_store.hpp"
 #include "ide/addin.hpp"
 #include "workbench/ide.hpp"
 #include "workbench/session_script.hpp"
@@ -90,7 +90,7 @@ class Session : private forms::ActionSource {
 
   SessionOptions options_;
   std::unique_ptr<forms::FontCatalog> own_fonts_;
-  forms::FileSettingsStore store_;
+  linux_platform::FileSettingsStore store_;
   forms::HeadlessFrontend frontend_;
   forms::Runtime runtime_;
   Trace trace_;

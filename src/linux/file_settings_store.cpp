@@ -2,7 +2,7 @@
 //
 // Sections: descriptions of failures; small POSIX helpers; reading and checking
 // the document; name lookup; the store's members.
-#include "forms/settings_store.hpp"
+#include "linux/file_settings_store.hpp"
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -22,7 +22,7 @@
 
 #include "vb/failure.hpp"
 
-namespace forms {
+namespace linux_platform {
 namespace {
 
 // ordered_json keeps names in the order they were first written, so the file
@@ -362,4 +362,4 @@ void FileSettingsStore::Save(const vb::Text& app, const vb::Text& section, const
   ReplaceFile(file_, root.dump(2) + "\n");
 }
 
-}  // namespace forms
+}  // namespace linux_platform

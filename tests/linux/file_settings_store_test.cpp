@@ -1,4 +1,4 @@
-#include "forms/settings_store.hpp"
+#include "linux/file_settings_store.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -18,7 +18,7 @@
 
 #include "vb/failure.hpp"
 
-namespace forms {
+namespace linux_platform {
 namespace {
 
 namespace fs = std::filesystem;
@@ -338,4 +338,4 @@ INSTANTIATE_TEST_SUITE_P(
                                "/home/ann/.config/tessaly/settings.json"}));
 
 }  // namespace
-}  // namespace forms
+}  // namespace linux_platform

@@ -1,0 +1,70 @@
+// The font families fontconfig knows, as the font service offers them.
+#include "linux/fontconfig_catalog.hpp"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "forms/case_fold.hpp"
+
+namespace linux_platform {
+namespace {
+
+// Case-insensitive first so "arial" sits beside "Arial", as a sorted list box
+// would place them; exact order then makes the order total, so sorting is
+// deterministic and exact duplicates adjoin.
+bool FamilyBefore(const vb::Text& a, const vb::Text& b) {
+  const int folded = forms::detail::CompareNoCase(a, b);
+  return folded != 0 ? folded < 0 : a < b;
+}
+
+// Owners for fontconfig's objects, so every path out frees them.
+struct ConfigDeleter {
+  void operator()(FcConfig* p) const { FcConfigDestroy(p); }
+};
+struct PatternDeleter {
+  void operator()(FcPattern* p) const { FcPatternDestroy(p); }
+};
+struct ObjectSetDeleter {
+  void operator()(FcObjectSet* p) const { FcObjectSetDestroy(p); }
+};
+struct FontSetDeleter {
+  void operator()(FcFontSet* p) const { FcFontSetDestroy(p); }
+};
+
+// Every family name of every font; a font may give several (its family in
+// more than one language, or a family and a narrower one for its styles).
+std::vector<vb::Text> ListFamilies() {
+  std::vector<vb::Text> families;
+  std::unique_ptr<FcConfig, ConfigDeleter> config(FcInitLoadConfigAndFonts());
+  std::unique_ptr<FcPattern, PatternDeleter> pattern(FcPatternCreate());
+  std::unique_ptr<FcObjectSet, ObjectSetDeleter> objects(
+      FcObjectSetBuild(FC_FAMILY, static_cast<char*>(nullptr)));
+  if (!config || !pattern || !objects) return families;
+  std::unique_ptr<FcFontSet, FontSetDeleter> fonts(
+      FcFontList(config.get(), pattern.get(), objects.get()));
+  if (!fonts) return families;
+  for (int i = 0; i < fonts->nfont; ++i) {
+    FcChar8* name = nullptr;
+    for (int n = 0; FcPatternGetString(fonts->fonts[i], FC_FAMILY, n, &name) == FcResultMatch;
+         ++n) {
+      families.push_back(vb::FromUtf8(reinterpret_cast<const char*>(name)));
+    }
+  }
+  return families;
+}
+
+}  // namespace
+
+const std::vector<vb::Text>& FontconfigCatalog::Families() {
+  if (!loaded_) {
+    families_ = ListFamilies();
+    std::sort(families_.begin(), families_.end(), FamilyBefore);
+    families_.erase(std::unique(families_.begin(), families_.end()), families_.end());
+    loaded_ = true;
+  }
+  return families_;
+}
+
+}  // namespace linux_platform

@@ -202,6 +202,7 @@ void StartsPlain(const char16_t* p, std::size_t j, std::size_t n, std::size_t ba
   }
 }
 
+#ifdef TESSALY_SSE2
 // The vector forms gather starts in a local array, a chunk of text at a
 // time, so that the loop makes no calls. Each step writes two entries
 // whether or not it found two line ends (lines shorter than 8 characters are
@@ -222,7 +223,6 @@ std::size_t TakeStarts(unsigned mask, std::size_t at, Found& found, std::size_t 
   return count;
 }
 
-#ifdef TESSALY_SSE2
 void StartsSse2(const char16_t* p, std::size_t j, std::size_t n, std::size_t base,
                 std::vector<std::size_t>& starts) {
   const __m128i lf = _mm_set1_epi16(kLf);

@@ -1,8 +1,9 @@
 #include "win32/registration.hpp"
 
+#include "win32/system.hpp"
+
 #include <oleauto.h>
 #include <wrl/client.h>
-#include "win32/system.hpp"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,8 @@
 #include "win32/win32_frontend.hpp"
 
-#include <commdlg.h>
 #include "win32/system.hpp"
+
+#include <commdlg.h>
 
 #include <algorithm>
 #include <cmath>

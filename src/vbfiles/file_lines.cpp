@@ -1,4 +1,4 @@
-#include "workbench/file_lines.hpp"
+#include "vbfiles/file_lines.hpp"
 
 #include <cstdio>
 #include <fstream>
@@ -7,7 +7,7 @@
 
 #include "vb/convert.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 std::vector<SourceLine> SplitLines(std::string_view bytes) {
   std::vector<SourceLine> lines;
@@ -97,4 +97,4 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
   }
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

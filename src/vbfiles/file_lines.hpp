@@ -20,7 +20,7 @@
 #include "vb/failure.hpp"
 #include "vb/text.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 inline constexpr std::string_view kCrLf = "\r\n";
 
@@ -55,4 +55,4 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
 // A path as users read it in messages.
 vb::Text DisplayName(const std::filesystem::path& path);
 
-}  // namespace workbench
+}  // namespace vbfiles

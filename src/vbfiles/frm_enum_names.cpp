@@ -1,10 +1,8 @@
-#include "workbench/frm_enum_names.hpp"
+#include "vbfiles/frm_enum_names.hpp"
 
 #include <string_view>
 
-#include "workbench/class_rules.hpp"
-
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 struct EnumName {
@@ -116,7 +114,7 @@ constexpr EnumName kEnumNames[] = {
 };
 
 bool IsIntrinsic(vb::TextView file_class) {
-  return file_class.size() > 3 && SameName(file_class.substr(0, 3), u"VB.");
+  return file_class.size() > 3 && vb::SameName(file_class.substr(0, 3), u"VB.");
 }
 
 }  // namespace
@@ -125,8 +123,8 @@ vb::TextView EnumValueName(vb::TextView file_class, vb::TextView property, vb::L
   if (!IsIntrinsic(file_class)) return {};
   bool class_has_rows = false;
   for (const auto& row : kEnumNames) {
-    const bool for_class = !row.file_class.empty() && SameName(row.file_class, file_class);
-    if (!SameName(row.property, property)) continue;
+    const bool for_class = !row.file_class.empty() && vb::SameName(row.file_class, file_class);
+    if (!vb::SameName(row.property, property)) continue;
     if (for_class) {
       class_has_rows = true;
       if (row.value == value) return row.name;
@@ -137,4 +135,4 @@ vb::TextView EnumValueName(vb::TextView file_class, vb::TextView property, vb::L
   return {};
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

@@ -9,10 +9,10 @@
 #include "vb/text.hpp"
 #include "vb/value.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 // The name for `value` of `property` on a control of `file_class`
 // ("VB.Label"), or empty.
 vb::TextView EnumValueName(vb::TextView file_class, vb::TextView property, vb::Long value);
 
-}  // namespace workbench
+}  // namespace vbfiles

@@ -1,13 +1,12 @@
-#include "workbench/frm_file.hpp"
+#include "vbfiles/frm_file.hpp"
 
 #include <algorithm>
 
 #include "vb/convert.hpp"
-#include "workbench/class_rules.hpp"
 
 // Sections: line words (the lexer), FrmNode, parsing, writing, code section.
 
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 // Deeper nesting than this is no form the IDE could have written; refusing it
@@ -82,7 +81,8 @@ FrmNode FrmNode::Group(vb::Text name, vb::Text type) {
 
 FrmNode* FrmNode::Find(vb::TextView wanted) {
   for (auto& child : children) {
-    if ((child.kind == Kind::Property || child.kind == Kind::Group) && SameName(child.name, wanted))
+    if ((child.kind == Kind::Property || child.kind == Kind::Group) &&
+        vb::SameName(child.name, wanted))
       return &child;
   }
   return nullptr;
@@ -117,7 +117,7 @@ void FrmNode::SetProperty(vb::TextView wanted, vb::Text new_value) {
 
 bool FrmNode::RemoveProperty(vb::TextView wanted) {
   const auto it = std::find_if(children.begin(), children.end(), [&](const FrmNode& child) {
-    return child.kind == Kind::Property && SameName(child.name, wanted);
+    return child.kind == Kind::Property && vb::SameName(child.name, wanted);
   });
   if (it == children.end()) return false;
   children.erase(it);
@@ -136,10 +136,31 @@ std::optional<vb::Long> FrmNode::Index() const {
 
 FrmNode* FrmNode::FindObject(vb::TextView wanted, std::optional<vb::Long> index) {
   for (auto& child : children) {
-    if (child.kind == Kind::Object && SameName(child.name, wanted) && child.Index() == index)
+    if (child.kind == Kind::Object && vb::SameName(child.name, wanted) && child.Index() == index)
       return &child;
   }
   return nullptr;
+}
+
+namespace {
+
+int CompareNames(vb::TextView a, vb::TextView b) {
+  const auto fold = [](char16_t c) {
+    return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - u'a' + u'A') : c;
+  };
+  for (std::size_t i = 0; i < a.size() && i < b.size(); ++i) {
+    if (fold(a[i]) != fold(b[i])) return fold(a[i]) < fold(b[i]) ? -1 : 1;
+  }
+  return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
+}
+
+}  // namespace
+
+void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node) {
+  const auto at = std::find_if(nodes.begin(), nodes.end(), [&](const FrmNode& other) {
+    return other.kind != FrmNode::Kind::Blank && CompareNames(other.name, node.name) > 0;
+  });
+  nodes.insert(at, std::move(node));
 }
 
 // ---------------------------------------------------------------- parsing
@@ -158,7 +179,7 @@ class Parser {
       throw FileFormatFailure(file_name_, 0, u"no form block (Begin ... End) in the file");
     }
     form = ReadBlock(0);
-    while (at_ < lines_.size() && SameName(Words(lines_[at_].text).first, u"Attribute")) {
+    while (at_ < lines_.size() && vb::SameName(Words(lines_[at_].text).first, u"Attribute")) {
       attributes.push_back(std::move(lines_[at_++]));
     }
     for (; at_ < lines_.size(); ++at_) code.push_back(std::move(lines_[at_]));
@@ -172,9 +193,9 @@ class Parser {
   void ReadHeader(std::vector<SourceLine>& header) {
     for (; at_ < lines_.size(); ++at_) {
       const auto words = Words(lines_[at_].text);
-      if (SameName(words.first, u"Begin")) return;
-      if (words.trimmed.empty() || SameName(words.first, u"VERSION") ||
-          SameName(words.first, u"Object")) {
+      if (vb::SameName(words.first, u"Begin")) return;
+      if (words.trimmed.empty() || vb::SameName(words.first, u"VERSION") ||
+          vb::SameName(words.first, u"Object")) {
         header.push_back(lines_[at_]);
         continue;
       }
@@ -188,10 +209,10 @@ class Parser {
 
   // Block keywords that cannot appear where the reader is.
   void RejectStray(const LineWords& words) const {
-    if (SameName(words.trimmed, u"End")) Fail(at_ + 1, u"End without Begin");
-    if (SameName(words.trimmed, u"EndProperty"))
+    if (vb::SameName(words.trimmed, u"End")) Fail(at_ + 1, u"End without Begin");
+    if (vb::SameName(words.trimmed, u"EndProperty"))
       Fail(at_ + 1, u"EndProperty without BeginProperty");
-    if (SameName(words.first, u"BeginProperty")) {
+    if (vb::SameName(words.first, u"BeginProperty")) {
       Fail(at_ + 1, u"BeginProperty outside a Begin block");
     }
   }
@@ -205,7 +226,7 @@ class Parser {
     FrmNode node;
     node.line = lines_[at_];
     node.line_number = begin_number;
-    const bool is_group = SameName(words.first, u"BeginProperty");
+    const bool is_group = vb::SameName(words.first, u"BeginProperty");
     vb::TextView rest = words.rest;
     if (is_group) {
       node.kind = FrmNode::Kind::Group;
@@ -221,11 +242,11 @@ class Parser {
     ++at_;
     for (; at_ < lines_.size(); ++at_) {
       const auto line_words = Words(lines_[at_].text);
-      if (SameName(line_words.trimmed, is_group ? u"EndProperty" : u"End")) {
+      if (vb::SameName(line_words.trimmed, is_group ? u"EndProperty" : u"End")) {
         node.end_line = lines_[at_++];
         return node;
       }
-      if (SameName(line_words.trimmed, is_group ? u"End" : u"EndProperty")) {
+      if (vb::SameName(line_words.trimmed, is_group ? u"End" : u"EndProperty")) {
         Fail(at_ + 1, is_group ? u"End where EndProperty was expected"
                                : u"EndProperty without BeginProperty");
       }
@@ -237,13 +258,13 @@ class Parser {
         node.children.push_back(std::move(blank));
         continue;
       }
-      if (SameName(line_words.first, u"Begin")) {
+      if (vb::SameName(line_words.first, u"Begin")) {
         if (is_group) Fail(at_ + 1, u"Begin inside a BeginProperty group");
         node.children.push_back(ReadBlock(depth + 1));
         --at_;  // ReadBlock leaves the reader after the block's last line
         continue;
       }
-      if (SameName(line_words.first, u"BeginProperty")) {
+      if (vb::SameName(line_words.first, u"BeginProperty")) {
         node.children.push_back(ReadBlock(depth + 1));
         --at_;
         continue;
@@ -338,7 +359,7 @@ std::optional<vb::Text> FrmDocument::Attribute(vb::TextView name) const {
     const auto words = Words(line.text);
     const auto equals = words.rest.find(u'=');
     if (equals == vb::TextView::npos) continue;
-    if (!SameName(TrimBlanks(words.rest.substr(0, equals)), name)) continue;
+    if (!vb::SameName(TrimBlanks(words.rest.substr(0, equals)), name)) continue;
     const auto value = ParseFrmValue(words.rest.substr(equals + 1));
     return value.form == FrmValue::Form::Quoted
                ? value.text
@@ -353,7 +374,7 @@ void FrmDocument::SetAttribute(vb::TextView name, const vb::Text& value_text) {
     const auto words = Words(line.text);
     const auto equals = words.rest.find(u'=');
     if (equals == vb::TextView::npos) continue;
-    if (!SameName(TrimBlanks(words.rest.substr(0, equals)), name)) continue;
+    if (!vb::SameName(TrimBlanks(words.rest.substr(0, equals)), name)) continue;
     if (TrimBlanks(words.rest.substr(equals + 1)) != value_text) line.text = text;
     return;
   }
@@ -404,4 +425,4 @@ void FrmDocument::SetCodeLines(const std::vector<vb::Text>& lines) {
   code_ = std::move(code);
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

@@ -26,10 +26,10 @@
 #include <vector>
 
 #include "vb/text.hpp"
-#include "workbench/file_lines.hpp"
-#include "workbench/frm_value.hpp"
+#include "vbfiles/file_lines.hpp"
+#include "vbfiles/frm_value.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 // One entry of a block: a property line, a property group, a control's block,
 // or a blank line (kept where it was).
@@ -72,6 +72,11 @@ struct FrmNode {
   FrmNode* FindObject(vb::TextView name, std::optional<vb::Long> index = std::nullopt);
 };
 
+// Puts `node` among a block's `nodes` where the IDE would have written it:
+// the IDE writes a block's properties in alphabetical order (any case), so
+// the node goes before the first entry that sorts after it.
+void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node);
+
 class FrmDocument {
  public:
   // Reads a form file; `file_name` names it in failures.
@@ -113,4 +118,4 @@ class FrmDocument {
   bool ends_with_line_end_ = true;
 };
 
-}  // namespace workbench
+}  // namespace vbfiles

@@ -1,8 +1,10 @@
-#include "workbench/frm_value.hpp"
+#include "vbfiles/frm_value.hpp"
+
+#include <algorithm>
 
 #include "vb/convert.hpp"
 
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 bool IsBlank(char16_t c) { return c == u' ' || c == u'\t'; }
@@ -55,6 +57,24 @@ std::optional<std::uint32_t> ReadFrxOffset(vb::TextView rest) {
   return offset;
 }
 
+// Upper-case hexadecimal digits, at least `min_digits` of them.
+vb::Text HexText(std::uint32_t value, std::size_t min_digits) {
+  static constexpr char16_t kDigits[] = u"0123456789ABCDEF";
+  vb::Text out;
+  do {
+    out.insert(out.begin(), kDigits[value % 16]);
+    value /= 16;
+  } while (value != 0);
+  if (out.size() < min_digits) out.insert(0, min_digits - out.size(), u'0');
+  return out;
+}
+
+bool IsWholeNumber(vb::TextView text) {
+  if (!text.empty() && text.front() == u'-') text.remove_prefix(1);
+  return !text.empty() && text.size() <= 10 &&
+         std::all_of(text.begin(), text.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; });
+}
+
 }  // namespace
 
 FrmValue ParseFrmValue(vb::TextView value_text) {
@@ -92,6 +112,37 @@ FrmValue ParseFrmValue(vb::TextView value_text) {
   return value;
 }
 
+std::optional<vb::Long> ParseFrmHex(vb::TextView text) {
+  if (text.size() < 3 || text[0] != u'&' || (text[1] != u'H' && text[1] != u'h')) {
+    return std::nullopt;
+  }
+  text.remove_prefix(2);
+  if (!text.empty() && text.back() == u'&') text.remove_suffix(1);
+  if (text.empty() || text.size() > 8) return std::nullopt;
+  std::uint32_t value = 0;
+  for (char16_t c : text) {
+    const int digit = HexDigit(c);
+    if (digit < 0) return std::nullopt;
+    value = value * 16 + static_cast<std::uint32_t>(digit);
+  }
+  return static_cast<vb::Long>(value);
+}
+
+vb::Value UntypedFrmValue(const FrmValue& value, vb::TextView written) {
+  if ((value.comment == u"True" || value.comment == u"False") &&
+      (value.text == u"-1" || value.text == u"0")) {
+    return vb::ToBoolean(value.text == u"-1");
+  }
+  if (const auto hex = ParseFrmHex(value.text)) return *hex;
+  if (IsWholeNumber(value.text)) {
+    try {
+      return vb::CLng(value.text);
+    } catch (const vb::Failure&) {
+    }
+  }
+  return vb::Text(written);
+}
+
 vb::Text QuoteFrmString(vb::TextView text) {
   vb::Text out = u"\"";
   for (char16_t c : text) {
@@ -107,6 +158,15 @@ vb::Text FormatFrmBoolean(vb::Boolean value) {
 }
 
 vb::Text FormatFrmSingle(vb::Single value) { return vb::SingleToText(value); }
+
+vb::Text FormatFrmColor(vb::Long value) {
+  return u"&H" + HexText(static_cast<std::uint32_t>(value), 8) + u"&";
+}
+
+vb::Text FormatFrxReference(const FrxReference& reference) {
+  return (reference.is_string ? u"$" : u"") + QuoteFrmString(reference.file) + u":" +
+         HexText(reference.offset, 4);
+}
 
 vb::Text FormatFrmValue(const vb::Value& value, vb::TextView enum_name) {
   switch (value.GetKind()) {
@@ -138,4 +198,4 @@ vb::Text FormatPropertyLine(int depth, vb::TextView name, vb::TextView value_tex
   return line;
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

@@ -18,7 +18,7 @@
 #include "vb/text.hpp"
 #include "vb/value.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 // A reference into the binary side file: $"Form1.frx":0000.
 struct FrxReference {
@@ -41,6 +41,13 @@ struct FrmValue {
 // quote without its closing quote reads as far as the text goes, so a damaged
 // value still shows.
 FrmValue ParseFrmValue(vb::TextView value_text);
+// &H8000000F& as the IDE writes colours (32 bits, two's complement, the
+// closing & optional) as its value; nullopt for any other text.
+std::optional<vb::Long> ParseFrmHex(vb::TextView text);
+// A bare value with the kind its text shows, for a property nothing else
+// gives a kind: -1  'True and 0   'False are Booleans, &H...& and whole
+// numbers Longs, anything else the text as `written`.
+vb::Value UntypedFrmValue(const FrmValue& value, vb::TextView written);
 
 // "Check1" with quotes doubled.
 vb::Text QuoteFrmString(vb::TextView text);
@@ -51,10 +58,14 @@ vb::Text FormatFrmBoolean(vb::Boolean value);
 vb::Text FormatFrmValue(const vb::Value& value, vb::TextView enum_name = {});
 // A Single the way the IDE writes it (8.25, 12, 9.75).
 vb::Text FormatFrmSingle(vb::Single value);
+// A colour as the IDE writes it: &H8000000F&.
+vb::Text FormatFrmColor(vb::Long value);
+// A reference into the side file as the IDE writes it: $"Form1.frx":0000.
+vb::Text FormatFrxReference(const FrxReference& reference);
 
 // A property line without its line end: three blanks per nesting level, the
 // name padded to 16 columns, "=", three blanks and the value text:
 // "      Caption         =   \"Check1\"".
 vb::Text FormatPropertyLine(int depth, vb::TextView name, vb::TextView value_text);
 
-}  // namespace workbench
+}  // namespace vbfiles

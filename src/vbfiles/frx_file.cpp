@@ -1,6 +1,6 @@
-#include "workbench/frx_file.hpp"
+#include "vbfiles/frx_file.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 std::optional<std::uint32_t> FrxFile::ReadCount(std::size_t offset, std::size_t size) const {
   if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
@@ -66,4 +66,4 @@ std::optional<std::string> FrxFile::ReadBlob(std::uint32_t offset) const {
   return ReadBytes(std::size_t{offset} + 4, *count);
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

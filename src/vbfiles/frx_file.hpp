@@ -4,10 +4,11 @@
 // The IDE keeps there what does not fit on a property line: pictures and
 // icons, strings with line breaks or of great length ($"Form1.frx":0000 on
 // the line), the items of a list box or combo box (List) and their ItemData.
-// The workbench never changes what the file holds: it is written back
-// exactly as read, and a property the user changes is written inline on its
-// line instead of pointing into the file -- except a string with line breaks,
-// which no line can hold: that one is added at the end (see project_io.hpp).
+// What the file holds never changes: it is written back exactly as read, and
+// a property the user changes is written inline on its line instead of
+// pointing into the file -- except a string with line breaks, which no line
+// can hold: that one is added at the end (FormFile::StoreString in
+// project_files.hpp).
 //
 // Layouts read here, all little-endian, at the offset the property line gives:
 //  - a string property ($ form): a 32-bit byte count, then the bytes;
@@ -28,7 +29,7 @@
 #include "vb/text.hpp"
 #include "vb/value.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 class FrxFile {
  public:
@@ -56,4 +57,4 @@ class FrxFile {
   std::string bytes_;
 };
 
-}  // namespace workbench
+}  // namespace vbfiles

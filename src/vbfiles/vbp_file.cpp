@@ -1,9 +1,8 @@
-#include "workbench/vbp_file.hpp"
+#include "vbfiles/vbp_file.hpp"
 
-#include "workbench/class_rules.hpp"
-#include "workbench/frm_value.hpp"
+#include "vbfiles/frm_value.hpp"
 
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 constexpr std::u16string_view kMemberKeys[] = {
@@ -55,7 +54,7 @@ std::string VbpFile::Write() const {
 
 std::optional<vb::Text> VbpFile::Get(vb::TextView key) const {
   for (const auto& line : lines_) {
-    if (line.in_main && SameName(line.key, key)) return line.value;
+    if (line.in_main && vb::SameName(line.key, key)) return line.value;
   }
   return std::nullopt;
 }
@@ -63,7 +62,7 @@ std::optional<vb::Text> VbpFile::Get(vb::TextView key) const {
 std::vector<vb::Text> VbpFile::GetAll(vb::TextView key) const {
   std::vector<vb::Text> values;
   for (const auto& line : lines_) {
-    if (line.in_main && SameName(line.key, key)) values.push_back(line.value);
+    if (line.in_main && vb::SameName(line.key, key)) values.push_back(line.value);
   }
   return values;
 }
@@ -78,7 +77,7 @@ std::size_t VbpFile::EndOfMain() const {
 
 void VbpFile::Set(vb::TextView key, vb::Text value) {
   for (auto& line : lines_) {
-    if (!line.in_main || !SameName(line.key, key)) continue;
+    if (!line.in_main || !vb::SameName(line.key, key)) continue;
     if (line.value == value) return;
     line.value = std::move(value);
     line.source.text = line.key + u"=" + line.value;
@@ -90,7 +89,7 @@ void VbpFile::Set(vb::TextView key, vb::Text value) {
 void VbpFile::Add(vb::TextView key, vb::Text value) {
   std::size_t at = EndOfMain();
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    if (lines_[i].in_main && SameName(lines_[i].key, key)) at = i + 1;
+    if (lines_[i].in_main && vb::SameName(lines_[i].key, key)) at = i + 1;
   }
   Line line{{vb::Text(key) + u"=" + value, line_end_}, vb::Text(key), std::move(value), true};
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
@@ -108,7 +107,7 @@ std::vector<VbpMember> VbpFile::Members() const {
   for (const auto& line : lines_) {
     if (!line.in_main) continue;
     for (const auto key : kMemberKeys) {
-      if (!SameName(line.key, key)) continue;
+      if (!vb::SameName(line.key, key)) continue;
       VbpMember member{vb::Text(key), {}, vb::Text(TrimBlanks(line.value))};
       // Module=modUtil; modUtil.bas names the module before the path.
       if (const auto semicolon = member.path.find(u';'); semicolon != vb::Text::npos) {
@@ -129,4 +128,4 @@ std::string MemberPathToGeneric(vb::TextView path) {
   return generic;
 }
 
-}  // namespace workbench
+}  // namespace vbfiles

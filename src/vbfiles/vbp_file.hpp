@@ -17,9 +17,9 @@
 #include <vector>
 
 #include "vb/text.hpp"
-#include "workbench/file_lines.hpp"
+#include "vbfiles/file_lines.hpp"
 
-namespace workbench {
+namespace vbfiles {
 
 // A member of the project as a Form=, Module=, Class=... line names it.
 struct VbpMember {
@@ -68,4 +68,4 @@ class VbpFile {
 // "frmMain.frm" or "..\lib\x.bas" as a relative path of this system.
 std::string MemberPathToGeneric(vb::TextView path);
 
-}  // namespace workbench
+}  // namespace vbfiles

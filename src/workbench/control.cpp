@@ -5,8 +5,9 @@
 #include "workbench/control.hpp"
 
 #include <algorithm>
-
 #include <functional>
+#include <utility>
+
 #include "vb/convert.hpp"
 
 #include "workbench/form_component.hpp"
@@ -124,7 +125,7 @@ std::shared_ptr<FormComponent> Control::Form() const {
 
 const PropertySlot* Control::FindSlot(vb::TextView name) const {
   auto it = std::find_if(slots_.begin(), slots_.end(),
-                         [&](const PropertySlot& slot) { return SameName(slot.name, name); });
+                         [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
   return it == slots_.end() ? nullptr : &*it;
 }
 
@@ -302,7 +303,7 @@ void Control::LoadProperty(vb::TextView name, vb::Value value, std::string raw) 
 void LoadSlot(std::vector<PropertySlot>& slots, std::size_t& loaded_count, Font* font,
               vb::TextView name, vb::Value value, std::string raw) {
   auto it = std::find_if(slots.begin(), slots.end(),
-                         [&](const PropertySlot& slot) { return SameName(slot.name, name); });
+                         [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
   const auto position = static_cast<std::size_t>(it - slots.begin());
   PropertySlot incoming;
   incoming.name = vb::Text(name);

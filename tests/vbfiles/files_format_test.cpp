@@ -5,14 +5,14 @@
 
 #include "files_test_support.hpp"
 #include "vb/failure.hpp"
-#include "workbench/file_lines.hpp"
-#include "workbench/frm_enum_names.hpp"
-#include "workbench/frm_file.hpp"
-#include "workbench/frm_value.hpp"
-#include "workbench/frx_file.hpp"
-#include "workbench/vbp_file.hpp"
+#include "vbfiles/file_lines.hpp"
+#include "vbfiles/frm_enum_names.hpp"
+#include "vbfiles/frm_file.hpp"
+#include "vbfiles/frm_value.hpp"
+#include "vbfiles/frx_file.hpp"
+#include "vbfiles/vbp_file.hpp"
 
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 // --- lines ---
@@ -324,4 +324,4 @@ TEST(FrmDocument, NodeEditsKeepWhatDidNotChange) {
 }
 
 }  // namespace
-}  // namespace workbench
+}  // namespace vbfiles

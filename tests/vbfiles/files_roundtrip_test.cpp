@@ -1,20 +1,18 @@
 // The first promise of the file readers: what nobody changed is written back
-// byte for byte -- each form on its own, each project file, and whole
-// projects through the workbench's model.
+// byte for byte -- each form on its own and each project file.
 #include <gtest/gtest.h>
 
 #include "files_test_support.hpp"
-#include "workbench/frm_file.hpp"
-#include "workbench/project_io.hpp"
-#include "workbench/vbp_file.hpp"
+#include "vbfiles/frm_file.hpp"
+#include "vbfiles/vbp_file.hpp"
 
-namespace workbench {
+namespace vbfiles {
 namespace {
 
 using testing::FixturesDir;
+using testing::NameOf;
 using testing::ReadBytes;
 using testing::SampleDir;
-using testing::TempDir;
 
 std::vector<std::filesystem::path> FilesEndingIn(const std::string& extension) {
   std::vector<std::filesystem::path> files;
@@ -25,14 +23,6 @@ std::vector<std::filesystem::path> FilesEndingIn(const std::string& extension) {
   }
   std::sort(files.begin(), files.end());
   return files;
-}
-
-std::string NameOf(const ::testing::TestParamInfo<std::filesystem::path>& info) {
-  std::string name = info.param.stem().string();
-  for (auto& c : name) {
-    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-  }
-  return name;
 }
 
 class FormRoundTrip : public ::testing::TestWithParam<std::filesystem::path> {};
@@ -56,38 +46,5 @@ TEST_P(ProjectFileRoundTrip, WritesTheBytesItRead) {
 INSTANTIATE_TEST_SUITE_P(EveryProject, ProjectFileRoundTrip,
                          ::testing::ValuesIn(FilesEndingIn(".vbp")), NameOf);
 
-class WholeProjectRoundTrip : public ::testing::TestWithParam<std::filesystem::path> {};
-
-// Through the model: every form, control, property and code line read and
-// written again.
-TEST_P(WholeProjectRoundTrip, EveryFileComesBackUnchanged) {
-  const auto project = OpenProject(GetParam());
-  const auto files = ProjectFileBytes(*project);
-  EXPECT_FALSE(files.empty());
-  for (const auto& [relative, bytes] : files) {
-    EXPECT_EQ(bytes, ReadBytes(GetParam().parent_path() / relative)) << relative;
-  }
-}
-
-TEST_P(WholeProjectRoundTrip, SavedCopyIsIdentical) {
-  TempDir temp;
-  const auto copy = temp.Path() / GetParam().filename();
-  SaveProject(*OpenProject(GetParam()), copy);
-  std::size_t compared = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(temp.Path())) {
-    EXPECT_EQ(ReadBytes(entry.path()),
-              ReadBytes(GetParam().parent_path() / entry.path().filename()))
-        << entry.path().filename();
-    ++compared;
-  }
-  // The project file, every form, the one .frx, and the sample's module.
-  EXPECT_GE(compared, 3U);
-}
-
-INSTANTIATE_TEST_SUITE_P(Projects, WholeProjectRoundTrip,
-                         ::testing::Values(SampleDir() / "Sample.vbp",
-                                           FixturesDir() / "Fixtures.vbp"),
-                         NameOf);
-
 }  // namespace
-}  // namespace workbench
+}  // namespace vbfiles

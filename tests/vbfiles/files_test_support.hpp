@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -12,15 +13,24 @@
 #include <string>
 #include <vector>
 
-namespace workbench::testing {
+namespace vbfiles::testing {
 
 inline std::filesystem::path SourceDir() {
   if (const char* dir = std::getenv("TESSALY_SOURCE_DIR")) return dir;
-  // tests/workbench/ -> the repository
+  // tests/vbfiles/ -> the repository
   return std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
 }
-inline std::filesystem::path FixturesDir() { return SourceDir() / "tests/workbench/fixtures"; }
+inline std::filesystem::path FixturesDir() { return SourceDir() / "tests/vbfiles/fixtures"; }
 inline std::filesystem::path SampleDir() { return SourceDir() / "examples/sample"; }
+
+// A file's stem as a parameterised test's name: "frx_refs".
+inline std::string NameOf(const ::testing::TestParamInfo<std::filesystem::path>& info) {
+  std::string name = info.param.stem().string();
+  for (auto& c : name) {
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  }
+  return name;
+}
 
 inline std::string ReadBytes(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
@@ -73,4 +83,4 @@ inline std::string Edited(std::string text, const std::string& from, const std::
   return text;
 }
 
-}  // namespace workbench::testing
+}  // namespace vbfiles::testing

@@ -1,8 +1,8 @@
-#include "workbench/form_state.hpp"
+#include "session/form_state.hpp"
 
 #include "vb/text.hpp"
 
-namespace workbench {
+namespace session {
 
 nlohmann::ordered_json FormState(const forms::Form& form) {
   using Json = nlohmann::ordered_json;
@@ -52,4 +52,4 @@ nlohmann::ordered_json FormState(const forms::Form& form) {
       {"form", form.Name()}, {"caption", vb::ToUtf8(form.Caption())}, {"controls", controls}};
 }
 
-}  // namespace workbench
+}  // namespace session

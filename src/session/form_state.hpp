@@ -8,8 +8,8 @@
 
 #include "forms/form.hpp"
 
-namespace workbench {
+namespace session {
 
 nlohmann::ordered_json FormState(const forms::Form& form);
 
-}  // namespace workbench
+}  // namespace session

@@ -1,13 +1,22 @@
-#include "workbench/session.hpp"
+#include "session/session.hpp"
 
 #include <algorithm>
 #include <cctype>
 
+#include "session/form_state.hpp"
+#include "session/project_dump.hpp"
 #include "vb/convert.hpp"
-#include "workbench/form_state.hpp"
-#include "workbench/project_io.hpp"
+#include "workbench/project_loader.hpp"
+#include "workbench/project_saver.hpp"
 
-namespace workbench {
+namespace session {
+
+using workbench::CodeEdit;
+using workbench::CodeModule;
+using workbench::FormComponent;
+using workbench::Ide;
+using workbench::Project;
+
 namespace {
 
 vb::Text W(const std::string& utf8) { return vb::FromUtf8(utf8); }
@@ -181,7 +190,7 @@ void Session::RunIde(const ScriptLine& line) {
   const auto& a = line.args;
   if (v == "open") {
     Need(line, 1, 1, "open PROJECT.vbp");
-    auto project = OpenProject(Resolve(a[0]));
+    auto project = workbench::OpenProject(Resolve(a[0]));
     ide_->AddProject(project);
     ide_->SetActiveProject(project);
     form_ = project->Forms().empty() ? nullptr : project->Forms().front();
@@ -262,7 +271,7 @@ void Session::RunIde(const ScriptLine& line) {
     }
   } else if (v == "refuse") {
     Need(line, 3, 4, "refuse CONTROL PROPERTY \"DESCRIPTION\" [always]");
-    Refusal refusal{W(a[0]), W(a[1]), W(a[2])};
+    workbench::Refusal refusal{W(a[0]), W(a[1]), W(a[2])};
     if (a.size() == 4) {
       if (a[3] != "always") Fail(line, "the last word of 'refuse' can only be 'always'");
       refusal.always = true;
@@ -275,9 +284,9 @@ void Session::RunIde(const ScriptLine& line) {
     Need(line, 0, 1, "save [PATH.vbp]");
     auto project = RequireProject(line);
     if (a.empty()) {
-      SaveProject(*project);
+      workbench::SaveProject(*project);
     } else {
-      SaveProject(*project, Resolve(a[0]));
+      workbench::SaveProject(*project, Resolve(a[0]));
     }
   }
 }
@@ -305,4 +314,4 @@ void Session::Inspect(const ScriptLine& line) {
   }
 }
 
-}  // namespace workbench
+}  // namespace session

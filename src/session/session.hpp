@@ -23,16 +23,16 @@
 #include <stdexcept>
 #include <vector>
 
-#include "linux/fontconfig_catalog.hpp"
 #include "forms/headless.hpp"
 #include "forms/runtime.hpp"
-#include "linux/file_settings_store.hpp"
 #include "ide/addin.hpp"
+#include "linux/file_settings_store.hpp"
+#include "linux/fontconfig_catalog.hpp"
+#include "session/session_script.hpp"
+#include "session/trace.hpp"
 #include "workbench/ide.hpp"
-#include "workbench/session_script.hpp"
-#include "workbench/trace.hpp"
 
-namespace workbench {
+namespace session {
 
 // An error in the script or in what it asks for: it names the line.
 class SessionError : public std::runtime_error {
@@ -47,7 +47,7 @@ struct SessionOptions {
   std::filesystem::path settings_file;
   std::ostream* transcript = nullptr;
   std::ostream* trace = nullptr;
-  IdeOptions ide;
+  workbench::IdeOptions ide;
   // How to make the add-in, given the session's forms runtime.
   std::function<ide::AddInFactory(forms::Runtime&)> addin;
   // Font families; the system's (fontconfig) when null.
@@ -72,9 +72,9 @@ class Session : private forms::ActionSource {
   void RunLine(const ScriptLine& line);
 
   const Trace& GetTrace() const { return trace_; }
-  Ide& GetIde() { return *ide_; }
+  workbench::Ide& GetIde() { return *ide_; }
   forms::Runtime& GetRuntime() { return runtime_; }
-  std::shared_ptr<FormComponent> CurrentForm() const { return form_; }
+  std::shared_ptr<workbench::FormComponent> CurrentForm() const { return form_; }
 
  private:
   std::optional<forms::UserAction> Next(forms::Waiting waiting,
@@ -83,8 +83,8 @@ class Session : private forms::ActionSource {
   void RunIde(const ScriptLine& line);
   void Inspect(const ScriptLine& line);
   void Enter(const ScriptLine& line);
-  std::shared_ptr<Project> RequireProject(const ScriptLine& line) const;
-  std::shared_ptr<FormComponent> RequireForm(const ScriptLine& line) const;
+  std::shared_ptr<workbench::Project> RequireProject(const ScriptLine& line) const;
+  std::shared_ptr<workbench::FormComponent> RequireForm(const ScriptLine& line) const;
   void ListenToModules();
   std::filesystem::path Resolve(const std::string& path) const;
 
@@ -94,11 +94,11 @@ class Session : private forms::ActionSource {
   forms::HeadlessFrontend frontend_;
   forms::Runtime runtime_;
   Trace trace_;
-  std::shared_ptr<Ide> ide_;
-  std::shared_ptr<FormComponent> form_;
+  std::shared_ptr<workbench::Ide> ide_;
+  std::shared_ptr<workbench::FormComponent> form_;
   const std::vector<ScriptLine>* lines_ = nullptr;
   std::size_t next_ = 0;
   std::deque<forms::UserAction> pending_;
 };
 
-}  // namespace workbench
+}  // namespace session

@@ -1,4 +1,4 @@
-#include "workbench/session_script.hpp"
+#include "session/session_script.hpp"
 
 #include <map>
 #include <stdexcept>
@@ -6,7 +6,7 @@
 #include "vb/convert.hpp"
 #include "vb/text.hpp"
 
-namespace workbench {
+namespace session {
 namespace {
 
 [[noreturn]] void Fail(const std::string& origin, const std::string& what) {
@@ -246,4 +246,4 @@ forms::UserAction ToUserAction(const ScriptLine& line) {
   return a;
 }
 
-}  // namespace workbench
+}  // namespace session

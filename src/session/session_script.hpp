@@ -15,7 +15,7 @@
 
 #include "forms/headless.hpp"
 
-namespace workbench {
+namespace session {
 
 struct ScriptLine {
   int number = 0;
@@ -38,4 +38,4 @@ LineSort SortOf(const ScriptLine& line);
 // naming the line) for bad arguments.
 forms::UserAction ToUserAction(const ScriptLine& line);
 
-}  // namespace workbench
+}  // namespace session

@@ -1,4 +1,4 @@
-#include "workbench/trace.hpp"
+#include "session/trace.hpp"
 
 #include "forms/control.hpp"
 #include "forms/form.hpp"
@@ -6,7 +6,13 @@
 #include "workbench/control.hpp"
 #include "workbench/form_component.hpp"
 
-namespace workbench {
+namespace session {
+
+using workbench::CodeEdit;
+using workbench::CodeModule;
+using workbench::Control;
+using workbench::WriteSource;
+
 namespace {
 
 std::string U8(const vb::Text& t) { return vb::ToUtf8(t); }
@@ -307,4 +313,4 @@ void Trace::CodeEdited(const CodeModule& module, const CodeEdit& edit) {
   Emit(std::move(e));
 }
 
-}  // namespace workbench
+}  // namespace session

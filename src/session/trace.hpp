@@ -19,14 +19,14 @@
 #include "workbench/code_module.hpp"
 #include "workbench/ide_observer.hpp"
 
-namespace workbench {
+namespace session {
 
 using Json = nlohmann::ordered_json;
 
 // A value with its kind: {"value": ..., "kind": "text"}.
 void PutValue(Json& event, const vb::Value& value);
 
-class Trace : public forms::Observer, public IdeObserver {
+class Trace : public forms::Observer, public workbench::IdeObserver {
  public:
   // Either stream may be null.
   Trace(std::ostream* jsonl, std::ostream* transcript);
@@ -51,14 +51,15 @@ class Trace : public forms::Observer, public IdeObserver {
   void SettingWritten(const vb::Text& app, const vb::Text& section, const vb::Text& key,
                       const vb::Text& text) override;
 
-  // IdeObserver
-  void PropertyWritten(const Control& control, const vb::Text& property, const vb::Value& value,
-                       WriteSource source, const std::optional<vb::Failure>& outcome) override;
-  void FontWritten(const Control& control, ide::FontDispId id, const vb::Value& value,
+  // workbench::IdeObserver
+  void PropertyWritten(const workbench::Control& control, const vb::Text& property,
+                       const vb::Value& value, workbench::WriteSource source,
+                       const std::optional<vb::Failure>& outcome) override;
+  void FontWritten(const workbench::Control& control, ide::FontDispId id, const vb::Value& value,
                    const std::optional<vb::Failure>& outcome) override;
-  void ControlAdded(const Control& control) override;
-  void ControlRemoved(const Control& control) override;
-  void ControlRenamed(const Control& control, const vb::Text& old_name,
+  void ControlAdded(const workbench::Control& control) override;
+  void ControlRemoved(const workbench::Control& control) override;
+  void ControlRenamed(const workbench::Control& control, const vb::Text& old_name,
                       std::int32_t old_index) override;
   void MenuEntryAdded(const vb::Text& bar, const vb::Text& caption) override;
   void MenuEntryCaptionSet(const vb::Text& bar, const vb::Text& old_caption,
@@ -67,7 +68,7 @@ class Trace : public forms::Observer, public IdeObserver {
   void MenuEntryClicked(const vb::Text& bar, const vb::Text& caption) override;
 
   // A code module's edit listener.
-  void CodeEdited(const CodeModule& module, const CodeEdit& edit);
+  void CodeEdited(const workbench::CodeModule& module, const workbench::CodeEdit& edit);
 
  private:
   static std::string Render(const Json& event);
@@ -78,4 +79,4 @@ class Trace : public forms::Observer, public IdeObserver {
   std::vector<Json> events_;
 };
 
-}  // namespace workbench
+}  // namespace session

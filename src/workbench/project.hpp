@@ -7,8 +7,6 @@
 // this project whose form matches (or that was made for any form), sources
 // in the order they were made, sinks in the order they were advised. A sink
 // may unadvise while an event runs; it is then not called again.
-//
-// DumpProject gives the JSON the session's "dump" action prints.
 #pragma once
 
 #include <any>
@@ -16,8 +14,6 @@
 #include <memory>
 #include <optional>
 #include <vector>
-
-#include <nlohmann/json.hpp>
 
 #include "ide/object_model.hpp"
 #include "vb/failure.hpp"
@@ -93,10 +89,5 @@ class Project : public ide::Object, public std::enable_shared_from_this<Project>
   std::vector<Refusal> refusals_;
   std::vector<std::weak_ptr<ControlsEventSource>> sources_;
 };
-
-// The project as JSON: name; forms with name, code line count and members
-// (name, line) when the form has code; controls with class, name, index
-// (null when none), container, every property with value and kind, and font.
-nlohmann::ordered_json DumpProject(const Project& project);
 
 }  // namespace workbench

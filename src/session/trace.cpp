@@ -4,7 +4,6 @@
 #include "forms/form.hpp"
 #include "vb/convert.hpp"
 #include "workbench/control.hpp"
-#include "workbench/form_component.hpp"
 
 namespace session {
 

@@ -10,9 +10,6 @@
 
 #include "vb/convert.hpp"
 
-#include "workbench/form_component.hpp"
-#include "workbench/project.hpp"
-
 namespace workbench {
 
 namespace {
@@ -82,8 +79,8 @@ bool IsFontSlot(const PropertySlot& slot) {
 // ---------------------------------------------------------------------------
 // Construction and lookup.
 
-Control::Control(std::shared_ptr<const ClassRules> rules,
-                 const std::shared_ptr<FormComponent>& form, const vb::Text& name)
+Control::Control(std::shared_ptr<const ClassRules> rules, const std::shared_ptr<FormSite>& form,
+                 const vb::Text& name)
     : rules_(std::move(rules)), form_(form) {
   slots_.reserve(rules_->properties.size());
   for (const PropertyRule& rule : rules_->properties) {
@@ -119,9 +116,7 @@ vb::Text Control::DisplayName() const {
   return text;
 }
 
-std::shared_ptr<FormComponent> Control::Form() const {
-  return form_kept_ ? form_kept_ : form_.lock();
-}
+std::shared_ptr<FormSite> Control::Form() const { return form_kept_ ? form_kept_ : form_.lock(); }
 
 const PropertySlot* Control::FindSlot(vb::TextView name) const {
   auto it = std::find_if(slots_.begin(), slots_.end(),

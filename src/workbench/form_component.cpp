@@ -8,8 +8,6 @@
 
 #include "vb/convert.hpp"
 
-#include "workbench/project.hpp"
-
 namespace workbench {
 
 namespace {
@@ -44,7 +42,7 @@ vb::Failure NoSuchControl(vb::TextView name, std::optional<vb::Integer> index) {
 
 }  // namespace
 
-FormComponent::FormComponent(const std::shared_ptr<Project>& project, vb::Text name,
+FormComponent::FormComponent(const std::shared_ptr<ProjectSite>& project, vb::Text name,
                              std::shared_ptr<workbench::CodeModule> module)
     : project_(project), name_(std::move(name)), module_(std::move(module)) {
   for (const PropertyRule& rule : FormClass()->properties) {

@@ -21,7 +21,7 @@ class ControlsEventSource : public ide::VBControlsEvents {
     sinks_.erase(std::remove(sinks_.begin(), sinks_.end(), sink), sinks_.end());
   }
 
-  bool Matches(const FormComponent* form) const {
+  bool Matches(const FormSite* form) const {
     return any_form_ || (form && form_.lock().get() == form);
   }
   bool IsAdvised(ide::VBControlsEventsSink* sink) const {

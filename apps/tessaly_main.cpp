@@ -13,11 +13,11 @@
 #include <iostream>
 #include <sstream>
 
-#include "linux/fontconfig_catalog.hpp"
 #include "host/connect.hpp"
+#include "linux/fontconfig_catalog.hpp"
+#include "session/session.hpp"
 #include "tui/prompt.hpp"
 #include "tui/terminal_frontend.hpp"
-#include "workbench/session.hpp"
 
 namespace {
 
@@ -39,15 +39,15 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
     }
   }
   try {
-    const auto lines = workbench::ParseScript(text.str(), script_path);
-    workbench::SessionOptions options;
+    const auto lines = session::ParseScript(text.str(), script_path);
+    session::SessionOptions options;
     options.base_dir = std::filesystem::path(script_path).parent_path();
     if (options.base_dir.empty()) options.base_dir = ".";
     options.settings_file = settings_path;
     options.transcript = quiet ? nullptr : &std::cout;
     options.trace = trace_path.empty() ? nullptr : &trace_file;
     options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
-    workbench::Session session(std::move(options));
+    session::Session session(std::move(options));
     session.Run(lines);
   } catch (const std::exception& e) {
     std::cerr << "tessaly: " << e.what() << '\n';

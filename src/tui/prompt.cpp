@@ -4,7 +4,7 @@
 #include <ostream>
 #include <sstream>
 
-#include "workbench/session_script.hpp"
+#include "session/session_script.hpp"
 
 namespace tui {
 namespace {
@@ -79,10 +79,10 @@ int RunPrompt(PromptOptions options) {
   // Declared before the session, which writes to it until it is destroyed.
   std::ostringstream recorded;
   options.session.transcript = &recorded;
-  workbench::Session session(std::move(options.session));
+  session::Session session(std::move(options.session));
   int number = 0;
 
-  auto run = [&](workbench::ScriptLine line, const std::string& typed) {
+  auto run = [&](session::ScriptLine line, const std::string& typed) {
     line.number = ++number;
     line.origin = kOrigin;
     try {
@@ -116,9 +116,9 @@ int RunPrompt(PromptOptions options) {
       out << PromptHelp();
       continue;
     }
-    std::vector<workbench::ScriptLine> lines;
+    std::vector<session::ScriptLine> lines;
     try {
-      lines = workbench::ParseScript(text, kOrigin);
+      lines = session::ParseScript(text, kOrigin);
     } catch (const std::exception& e) {
       out << WithoutOrigin(e.what()) << " (help lists the actions)\n";
       continue;

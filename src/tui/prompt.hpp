@@ -12,13 +12,13 @@
 #include <iosfwd>
 #include <string>
 
-#include "workbench/session.hpp"
+#include "session/session.hpp"
 
 namespace tui {
 
 struct PromptOptions {
   // The session's options; its transcript is the prompt's own.
-  workbench::SessionOptions session;
+  session::SessionOptions session;
   // A project to open before the first prompt, or empty.
   std::string project;
   std::istream* in = nullptr;

@@ -1,5 +1,6 @@
 #include "vb/text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -185,6 +186,13 @@ Text Replace(TextView text, TextView find, TextView with) {
   }
   out.append(text.substr(from));
   return out;
+}
+
+bool SameName(TextView a, TextView b) {
+  const auto fold = [](char16_t c) { return (c >= u'a' && c <= u'z') ? c - u'a' + u'A' : c; };
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(),
+                    [&](char16_t x, char16_t y) { return fold(x) == fold(y); });
 }
 
 bool Like(TextView text, TextView pattern) {

@@ -1,7 +1,8 @@
 // Wide text as the add-in sees it, and the text functions it relies on.
 //
 // Text is UTF-16 (`std::u16string`) everywhere inside; UTF-8 appears only at the
-// edges (terminal, JSON, command line). All comparisons are case-sensitive.
+// edges (terminal, JSON, command line). Comparisons are case-sensitive, all but
+// SameName's.
 // Positions given to and returned by these functions count from 1, as the
 // language does; 0 means "not found".
 #pragma once
@@ -38,6 +39,9 @@ std::size_t InStr(std::size_t start, TextView text, TextView find);
 // Every occurrence of `find` replaced by `with`, scanning left to right from
 // the first character; an empty `find` leaves the text unchanged.
 Text Replace(TextView text, TextView find, TextView with);
+// Names as the IDE compares them (controls, properties, keys and classes in
+// project files): the ASCII letters without regard to case.
+bool SameName(TextView a, TextView b);
 // The pattern rule the add-in uses: `*` matches any text, even none; every
 // other character stands for itself, case-sensitively.
 bool Like(TextView text, TextView pattern);

@@ -511,8 +511,6 @@ vb::Text ShortClassName(vb::TextView file_class) {
   return vb::Text(dot == vb::TextView::npos ? file_class : file_class.substr(dot + 1));
 }
 
-char16_t FoldAscii(char16_t c) { return (c >= u'a' && c <= u'z') ? c - u'a' + u'A' : c; }
-
 bool IsAsciiLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 bool IsAsciiDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
@@ -536,7 +534,7 @@ auto Converted(Fn fn) {
 
 const PropertyRule* ClassRules::Find(vb::TextView name) const {
   for (const PropertyRule& rule : properties) {
-    if (SameName(rule.name, name)) return &rule;
+    if (vb::SameName(rule.name, name)) return &rule;
   }
   return nullptr;
 }
@@ -571,7 +569,8 @@ const std::vector<std::shared_ptr<const ClassRules>>& AllClasses() {
 
 std::shared_ptr<const ClassRules> FindClass(vb::TextView name) {
   for (const auto& rules : AllClasses()) {
-    if (SameName(rules->class_name, name) || SameName(rules->file_class, name)) return rules;
+    if (vb::SameName(rules->class_name, name) || vb::SameName(rules->file_class, name))
+      return rules;
   }
   return nullptr;
 }
@@ -601,12 +600,6 @@ std::shared_ptr<const ClassRules> ClassOrGeneric(vb::TextView name) {
 std::shared_ptr<const ClassRules> FormClass() {
   static const std::shared_ptr<const ClassRules> form = MakeFormClass();
   return form;
-}
-
-bool SameName(vb::TextView a, vb::TextView b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(),
-                    [](char16_t x, char16_t y) { return FoldAscii(x) == FoldAscii(y); });
 }
 
 bool IsValidControlName(vb::TextView name) {

@@ -87,8 +87,6 @@ std::shared_ptr<const ClassRules> ClassOrGeneric(vb::TextView name);
 // The form's own properties (VB.Form), kept for files.
 std::shared_ptr<const ClassRules> FormClass();
 
-// VB's comparison of names: ASCII letters compare without case.
-bool SameName(vb::TextView a, vb::TextView b);
 // A letter first, then letters, digits or underscores; 1..40 characters.
 bool IsValidControlName(vb::TextView name);
 

@@ -5,12 +5,10 @@
 #include "workbench/control.hpp"
 
 #include <algorithm>
-
 #include <functional>
-#include "vb/convert.hpp"
+#include <utility>
 
-#include "workbench/form_component.hpp"
-#include "workbench/project.hpp"
+#include "vb/convert.hpp"
 
 namespace workbench {
 
@@ -81,8 +79,8 @@ bool IsFontSlot(const PropertySlot& slot) {
 // ---------------------------------------------------------------------------
 // Construction and lookup.
 
-Control::Control(std::shared_ptr<const ClassRules> rules,
-                 const std::shared_ptr<FormComponent>& form, const vb::Text& name)
+Control::Control(std::shared_ptr<const ClassRules> rules, const std::shared_ptr<FormSite>& form,
+                 const vb::Text& name)
     : rules_(std::move(rules)), form_(form) {
   slots_.reserve(rules_->properties.size());
   for (const PropertyRule& rule : rules_->properties) {
@@ -118,13 +116,11 @@ vb::Text Control::DisplayName() const {
   return text;
 }
 
-std::shared_ptr<FormComponent> Control::Form() const {
-  return form_kept_ ? form_kept_ : form_.lock();
-}
+std::shared_ptr<FormSite> Control::Form() const { return form_kept_ ? form_kept_ : form_.lock(); }
 
 const PropertySlot* Control::FindSlot(vb::TextView name) const {
   auto it = std::find_if(slots_.begin(), slots_.end(),
-                         [&](const PropertySlot& slot) { return SameName(slot.name, name); });
+                         [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
   return it == slots_.end() ? nullptr : &*it;
 }
 
@@ -302,7 +298,7 @@ void Control::LoadProperty(vb::TextView name, vb::Value value, std::string raw) 
 void LoadSlot(std::vector<PropertySlot>& slots, std::size_t& loaded_count, Font* font,
               vb::TextView name, vb::Value value, std::string raw) {
   auto it = std::find_if(slots.begin(), slots.end(),
-                         [&](const PropertySlot& slot) { return SameName(slot.name, name); });
+                         [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
   const auto position = static_cast<std::size_t>(it - slots.begin());
   PropertySlot incoming;
   incoming.name = vb::Text(name);

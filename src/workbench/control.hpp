@@ -42,6 +42,7 @@
 #include "workbench/class_rules.hpp"
 #include "workbench/font.hpp"
 #include "workbench/ide_observer.hpp"
+#include "workbench/sites.hpp"
 
 namespace workbench {
 
@@ -74,7 +75,7 @@ class Control : public ide::VBControl, public std::enable_shared_from_this<Contr
   // Use FormComponent's actions (or LoadControl) to make controls; this
   // constructor gives every property its default, Name `name`, and a default
   // of DefaultFrom::ControlName the name too.
-  Control(std::shared_ptr<const ClassRules> rules, const std::shared_ptr<FormComponent>& form,
+  Control(std::shared_ptr<const ClassRules> rules, const std::shared_ptr<FormSite>& form,
           const vb::Text& name);
 
   const ClassRules& Rules() const { return *rules_; }
@@ -86,7 +87,7 @@ class Control : public ide::VBControl, public std::enable_shared_from_this<Contr
   vb::Text DisplayName() const;
 
   // The form, whether the control is still on it or was deleted.
-  std::shared_ptr<FormComponent> Form() const;
+  std::shared_ptr<FormSite> Form() const;
   bool IsDeleted() const { return deleted_; }
   // The container control (Frame, PictureBox, SSTab), or null for the form.
   std::shared_ptr<Control> Container() const { return container_.lock(); }
@@ -136,9 +137,9 @@ class Control : public ide::VBControl, public std::enable_shared_from_this<Contr
   std::function<void()> ApplyValue(PropertySlot& slot, const vb::Value& value);
 
   std::shared_ptr<const ClassRules> rules_;
-  std::weak_ptr<FormComponent> form_;
+  std::weak_ptr<FormSite> form_;
   // Set once deleted: the control then holds its form alive itself.
-  std::shared_ptr<FormComponent> form_kept_;
+  std::shared_ptr<FormSite> form_kept_;
   std::weak_ptr<Control> container_;
   std::vector<PropertySlot> slots_;
   std::size_t loaded_count_ = 0;

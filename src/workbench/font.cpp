@@ -106,7 +106,7 @@ std::optional<ide::FontDispId> FontMemberByName(vb::TextView name) {
   for (ide::FontDispId id :
        {ide::FontDispId::Name, ide::FontDispId::Size, ide::FontDispId::Bold,
         ide::FontDispId::Italic, ide::FontDispId::Underline, ide::FontDispId::Strikethrough}) {
-    if (SameName(FontMemberName(id), name)) return id;
+    if (vb::SameName(FontMemberName(id), name)) return id;
   }
   return std::nullopt;
 }

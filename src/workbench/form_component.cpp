@@ -8,8 +8,6 @@
 
 #include "vb/convert.hpp"
 
-#include "workbench/project.hpp"
-
 namespace workbench {
 
 namespace {
@@ -44,7 +42,7 @@ vb::Failure NoSuchControl(vb::TextView name, std::optional<vb::Integer> index) {
 
 }  // namespace
 
-FormComponent::FormComponent(const std::shared_ptr<Project>& project, vb::Text name,
+FormComponent::FormComponent(const std::shared_ptr<ProjectSite>& project, vb::Text name,
                              std::shared_ptr<workbench::CodeModule> module)
     : project_(project), name_(std::move(name)), module_(std::move(module)) {
   for (const PropertyRule& rule : FormClass()->properties) {
@@ -83,7 +81,8 @@ std::shared_ptr<ide::VBControls> FormComponent::ControlsCollection() {
 std::shared_ptr<Control> FormComponent::FindControl(vb::TextView name,
                                                     std::optional<vb::Integer> index) const {
   for (const auto& control : controls_) {
-    if (SameName(control->Name(), name) && (!index || control->Index() == index)) return control;
+    if (vb::SameName(control->Name(), name) && (!index || control->Index() == index))
+      return control;
   }
   return nullptr;
 }
@@ -105,10 +104,10 @@ vb::Text FormComponent::NextDefaultName(vb::TextView stem) const {
 std::pair<vb::Text, std::optional<vb::Integer>> FormComponent::ResolveRename(
     const Control& control, const vb::Text& new_name) const {
   // A change of case only is no clash with the control's own array.
-  if (SameName(new_name, control.Name())) return {new_name, control.Index()};
+  if (vb::SameName(new_name, control.Name())) return {new_name, control.Index()};
   std::shared_ptr<Control> clash;
   for (const auto& other : controls_) {
-    if (other.get() != &control && SameName(other->Name(), new_name)) {
+    if (other.get() != &control && vb::SameName(other->Name(), new_name)) {
       clash = other;
       break;
     }
@@ -120,7 +119,7 @@ std::pair<vb::Text, std::optional<vb::Integer>> FormComponent::ResolveRename(
   // Joining the array: its spelling, and the lowest index it does not use.
   for (vb::Integer index = 0;; ++index) {
     const bool taken = std::any_of(controls_.begin(), controls_.end(), [&](const auto& other) {
-      return other.get() != &control && SameName(other->Name(), new_name) &&
+      return other.get() != &control && vb::SameName(other->Name(), new_name) &&
              other->Index() == index;
     });
     if (!taken) return {clash->Name(), index};
@@ -130,7 +129,7 @@ std::pair<vb::Text, std::optional<vb::Integer>> FormComponent::ResolveRename(
 
 void FormComponent::CheckIndex(const Control& control, std::optional<vb::Integer> index) const {
   for (const auto& other : controls_) {
-    if (other.get() == &control || !SameName(other->Name(), control.Name())) continue;
+    if (other.get() == &control || !vb::SameName(other->Name(), control.Name())) continue;
     if (!index) {
       throw InvalidValue(u"other controls are named \"" + control.Name() +
                          u"\"; the Index cannot be empty");
@@ -226,7 +225,7 @@ void FormComponent::SetPropertyFromSheet(Control& control, vb::TextView property
   // "Font.Size" and the like: the sheet's font dialog.
   constexpr vb::TextView kFontPrefix = u"Font.";
   if (property.size() > kFontPrefix.size() &&
-      SameName(property.substr(0, kFontPrefix.size()), kFontPrefix)) {
+      vb::SameName(property.substr(0, kFontPrefix.size()), kFontPrefix)) {
     if (auto id = FontMemberByName(property.substr(kFontPrefix.size()))) {
       control.WriteFont(*id, vb::Value(text));
       return;

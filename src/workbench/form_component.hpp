@@ -27,20 +27,21 @@
 #include "workbench/code_module.hpp"
 #include "workbench/control.hpp"
 #include "workbench/font.hpp"
+#include "workbench/sites.hpp"
 
 namespace workbench {
 
-class Project;
-
-class FormComponent : public ide::VBComponent, public std::enable_shared_from_this<FormComponent> {
+class FormComponent : public ide::VBComponent,
+                      public FormSite,
+                      public std::enable_shared_from_this<FormComponent> {
  public:
   // Use Project::AddForm / LoadForm. `module` may be null (a form without code).
-  FormComponent(const std::shared_ptr<Project>& project, vb::Text name,
+  FormComponent(const std::shared_ptr<ProjectSite>& project, vb::Text name,
                 std::shared_ptr<workbench::CodeModule> module);
 
-  const vb::Text& FormName() const { return name_; }
+  const vb::Text& FormName() const override { return name_; }
   void SetFormName(vb::Text name) { name_ = std::move(name); }
-  std::shared_ptr<Project> GetProject() const { return project_.lock(); }
+  std::shared_ptr<ProjectSite> GetProject() const override { return project_.lock(); }
 
   std::shared_ptr<workbench::CodeModule> Module() const { return module_; }
   void SetModule(std::shared_ptr<workbench::CodeModule> module) { module_ = std::move(module); }
@@ -53,7 +54,7 @@ class FormComponent : public ide::VBComponent, public std::enable_shared_from_th
   const Font& FormFont() const { return form_font_; }
 
   // Controls in order (file order, containers before what they hold).
-  const std::vector<std::shared_ptr<Control>>& Controls() const { return controls_; }
+  const std::vector<std::shared_ptr<Control>>& Controls() const override { return controls_; }
   // The control called `name` (any case) with that index; with no index
   // given, the first control of that name.
   std::shared_ptr<Control> FindControl(vb::TextView name,
@@ -93,20 +94,17 @@ class FormComponent : public ide::VBComponent, public std::enable_shared_from_th
 
   // The designer and controls collection objects as the add-in sees them.
   std::shared_ptr<ide::VBForm> Designer();
-  std::shared_ptr<ide::VBControls> ControlsCollection();
+  std::shared_ptr<ide::VBControls> ControlsCollection() override;
 
   // ide::VBComponent
   vb::Text Name() const override { return name_; }
   std::shared_ptr<ide::CodeModule> CodeModule() override { return module_; }
 
  private:
-  friend class Control;
-  // The Name rule: validates `new_name` for `control` and decides its index.
-  // Fails with 380 (invalid or taken). Returns the spelling and index.
-  std::pair<vb::Text, std::optional<vb::Integer>> ResolveRename(const Control& control,
-                                                                const vb::Text& new_name) const;
-  // Checks an Index write against the other controls of that name.
-  void CheckIndex(const Control& control, std::optional<vb::Integer> index) const;
+  // FormSite: the naming rules a control's Name and Index writes go through.
+  std::pair<vb::Text, std::optional<vb::Integer>> ResolveRename(
+      const Control& control, const vb::Text& new_name) const override;
+  void CheckIndex(const Control& control, std::optional<vb::Integer> index) const override;
   std::shared_ptr<Control> MakeControl(std::shared_ptr<const ClassRules> rules,
                                        const vb::Text& name);
   void RaiseAdded(const std::shared_ptr<Control>& control);
@@ -115,7 +113,7 @@ class FormComponent : public ide::VBComponent, public std::enable_shared_from_th
   std::shared_ptr<Control> RequireControl(vb::TextView name,
                                           std::optional<vb::Integer> index) const;
 
-  std::weak_ptr<Project> project_;
+  std::weak_ptr<ProjectSite> project_;
   vb::Text name_;
   std::shared_ptr<workbench::CodeModule> module_;
   std::vector<PropertySlot> form_slots_;

@@ -3,6 +3,7 @@
 #include "workbench/ide.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace workbench {
 
@@ -119,7 +120,7 @@ class Bars : public ide::CommandBars {
   explicit Bars(std::vector<std::shared_ptr<MenuBar>> bars) : bars_(std::move(bars)) {}
   std::shared_ptr<ide::CommandBar> Item(const vb::Text& name) override {
     for (const auto& bar : bars_) {
-      if (SameName(bar->Name(), name)) return bar;
+      if (vb::SameName(bar->Name(), name)) return bar;
     }
     return nullptr;
   }
@@ -200,7 +201,7 @@ void Ide::InjectRefusal(const Refusal& refusal) {
 std::vector<vb::Text> Ide::MenuCaptions(vb::TextView bar) const {
   std::vector<vb::Text> captions;
   for (const auto& menu_bar : bars_) {
-    if (!SameName(menu_bar->Name(), bar)) continue;
+    if (!vb::SameName(menu_bar->Name(), bar)) continue;
     for (const auto& entry : menu_bar->Entries()) captions.push_back(entry->Caption());
   }
   return captions;

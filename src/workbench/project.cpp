@@ -1,4 +1,4 @@
-// The project: forms, event sources, refusals, and the JSON dump.
+// The project: forms, event sources and refusals.
 #include "workbench/project.hpp"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ class ControlsEventSource : public ide::VBControlsEvents {
     sinks_.erase(std::remove(sinks_.begin(), sinks_.end(), sink), sinks_.end());
   }
 
-  bool Matches(const FormComponent* form) const {
+  bool Matches(const FormSite* form) const {
     return any_form_ || (form && form_.lock().get() == form);
   }
   bool IsAdvised(ide::VBControlsEventsSink* sink) const {
@@ -54,7 +54,7 @@ std::shared_ptr<FormComponent> Project::LoadForm(vb::Text name,
 
 std::shared_ptr<FormComponent> Project::FindForm(vb::TextView name) const {
   for (const auto& form : forms_) {
-    if (SameName(form->FormName(), name)) return form;
+    if (vb::SameName(form->FormName(), name)) return form;
   }
   return nullptr;
 }
@@ -62,10 +62,11 @@ std::shared_ptr<FormComponent> Project::FindForm(vb::TextView name) const {
 std::optional<vb::Failure> Project::TakeRefusal(const Control& control, vb::TextView property) {
   constexpr vb::TextView kFontPrefix = u"Font.";
   const bool font_member = property.size() > kFontPrefix.size() &&
-                           SameName(property.substr(0, kFontPrefix.size()), kFontPrefix);
+                           vb::SameName(property.substr(0, kFontPrefix.size()), kFontPrefix);
   for (auto it = refusals_.begin(); it != refusals_.end(); ++it) {
-    if (!SameName(it->control, control.Name())) continue;
-    if (!SameName(it->property, property) && !(font_member && SameName(it->property, u"Font"))) {
+    if (!vb::SameName(it->control, control.Name())) continue;
+    if (!vb::SameName(it->property, property) &&
+        !(font_member && vb::SameName(it->property, u"Font"))) {
       continue;
     }
     vb::Failure failure(it->number, it->description);
@@ -117,106 +118,6 @@ void Project::RaiseItemRenamed(const std::shared_ptr<Control>& control, const vb
   ForEachSink(control, [&](ide::VBControlsEventsSink& sink) {
     sink.ItemRenamed(control, old_name, old_index);
   });
-}
-
-// ---------------------------------------------------------------------------
-// The JSON dump.
-
-namespace {
-
-nlohmann::ordered_json ValueJson(const vb::Value& value) {
-  switch (value.GetKind()) {
-    case vb::Kind::Text:
-      return vb::ToUtf8(value.AsText());
-    case vb::Kind::Boolean:
-      return vb::IsTrue(value.AsBoolean());
-    case vb::Kind::Integer:
-      return value.AsInteger();
-    case vb::Kind::Long:
-      return value.AsLong();
-  }
-  return nullptr;
-}
-
-nlohmann::ordered_json FontJson(const Font& font) {
-  nlohmann::ordered_json json;
-  json["name"] = vb::ToUtf8(font.Name());
-  json["size"] = vb::ToUtf8(vb::SingleToText(font.Size()));
-  json["bold"] = font.Bold();
-  json["italic"] = font.Italic();
-  json["underline"] = font.Underline();
-  json["strikethrough"] = font.Strikethrough();
-  return json;
-}
-
-nlohmann::ordered_json PropertiesJson(const std::vector<PropertySlot>& slots) {
-  nlohmann::ordered_json json = nlohmann::ordered_json::array();
-  for (const PropertySlot& slot : slots) {
-    if (slot.rule && slot.rule->type == PropertyType::Font) continue;  // under "font"
-    nlohmann::ordered_json property;
-    property["name"] = vb::ToUtf8(slot.name);
-    property["value"] = ValueJson(slot.value);
-    property["kind"] = vb::KindName(slot.value.GetKind());
-    json.push_back(std::move(property));
-  }
-  return json;
-}
-
-nlohmann::ordered_json ControlJson(const Control& control) {
-  nlohmann::ordered_json json;
-  json["class"] = vb::ToUtf8(control.ClassName());
-  json["name"] = vb::ToUtf8(control.Name());
-  if (auto index = control.Index()) {
-    json["index"] = *index;
-  } else {
-    json["index"] = nullptr;
-  }
-  if (auto container = control.Container()) {
-    json["container"] = vb::ToUtf8(container->DisplayName());
-  } else {
-    json["container"] = nullptr;
-  }
-  json["properties"] = PropertiesJson(control.Slots());
-  if (const Font* font = control.GetFont()) json["font"] = FontJson(*font);
-  return json;
-}
-
-nlohmann::ordered_json CodeJson(workbench::CodeModule& module) {
-  nlohmann::ordered_json json;
-  json["lines"] = module.CountOfLines();
-  nlohmann::ordered_json members = nlohmann::ordered_json::array();
-  if (auto all = module.Members()) {
-    for (const auto& member : all->All()) {
-      members.push_back({{"name", vb::ToUtf8(member->Name())}, {"line", member->CodeLocation()}});
-    }
-  }
-  json["members"] = std::move(members);
-  return json;
-}
-
-}  // namespace
-
-nlohmann::ordered_json DumpProject(const Project& project) {
-  nlohmann::ordered_json json;
-  json["name"] = vb::ToUtf8(project.Name());
-  nlohmann::ordered_json forms = nlohmann::ordered_json::array();
-  for (const auto& form : project.Forms()) {
-    nlohmann::ordered_json form_json;
-    form_json["name"] = vb::ToUtf8(form->FormName());
-    form_json["properties"] = PropertiesJson(form->FormSlots());
-    form_json["font"] = FontJson(form->FormFont());
-    nlohmann::ordered_json controls = nlohmann::ordered_json::array();
-    for (const auto& control : form->Controls()) controls.push_back(ControlJson(*control));
-    form_json["controls"] = std::move(controls);
-    if (auto module = form->Module()) {
-      form_json["code"] = CodeJson(*module);
-    } else {
-      form_json["code"] = nullptr;
-    }
-    forms.push_back(std::move(form_json));
-  }
-  json["forms"] = std::move(forms);
-  return json;
 }
 
 }  // namespace workbench

@@ -7,8 +7,6 @@
 // this project whose form matches (or that was made for any form), sources
 // in the order they were made, sinks in the order they were advised. A sink
 // may unadvise while an event runs; it is then not called again.
-//
-// DumpProject gives the JSON the session's "dump" action prints.
 #pragma once
 
 #include <any>
@@ -17,13 +15,12 @@
 #include <optional>
 #include <vector>
 
-#include <nlohmann/json.hpp>
-
 #include "ide/object_model.hpp"
 #include "vb/failure.hpp"
 #include "vb/text.hpp"
 #include "workbench/form_component.hpp"
 #include "workbench/ide_observer.hpp"
+#include "workbench/sites.hpp"
 
 namespace workbench {
 
@@ -42,7 +39,9 @@ struct Refusal {
 
 class ControlsEventSource;
 
-class Project : public ide::Object, public std::enable_shared_from_this<Project> {
+class Project : public ide::Object,
+                public ProjectSite,
+                public std::enable_shared_from_this<Project> {
  public:
   // A project must be owned by a shared pointer (its forms point back to
   // it weakly): make it with Create.
@@ -67,20 +66,20 @@ class Project : public ide::Object, public std::enable_shared_from_this<Project>
 
   // The observer, or null. Not owned; must outlive its use.
   void SetObserver(IdeObserver* observer) { observer_ = observer; }
-  IdeObserver* Observer() const { return observer_; }
+  IdeObserver* Observer() const override { return observer_; }
 
   void InjectRefusal(Refusal refusal) { refusals_.push_back(std::move(refusal)); }
   void ClearRefusals() { refusals_.clear(); }
   // The failure injected for this write, if any (a one-shot refusal is used up).
-  std::optional<vb::Failure> TakeRefusal(const Control& control, vb::TextView property);
+  std::optional<vb::Failure> TakeRefusal(const Control& control, vb::TextView property) override;
 
   // An event source for the controls of `form` (null: of every form).
   std::shared_ptr<ide::VBControlsEvents> MakeControlsEvents(
       const std::shared_ptr<FormComponent>& form);
-  void RaiseItemAdded(const std::shared_ptr<Control>& control);
-  void RaiseItemRemoved(const std::shared_ptr<Control>& control);
+  void RaiseItemAdded(const std::shared_ptr<Control>& control) override;
+  void RaiseItemRemoved(const std::shared_ptr<Control>& control) override;
   void RaiseItemRenamed(const std::shared_ptr<Control>& control, const vb::Text& old_name,
-                        std::int32_t old_index);
+                        std::int32_t old_index) override;
 
  private:
   template <typename Fn>
@@ -93,10 +92,5 @@ class Project : public ide::Object, public std::enable_shared_from_this<Project>
   std::vector<Refusal> refusals_;
   std::vector<std::weak_ptr<ControlsEventSource>> sources_;
 };
-
-// The project as JSON: name; forms with name, code line count and members
-// (name, line) when the form has code; controls with class, name, index
-// (null when none), container, every property with value and kind, and font.
-nlohmann::ordered_json DumpProject(const Project& project);
 
 }  // namespace workbench

@@ -22,7 +22,7 @@ void SessionTest::TearDown() {
 
 std::vector<Json> SessionTest::Run(const std::string& script, std::string* error) {
   std::ostringstream transcript;
-  workbench::SessionOptions options;
+  session::SessionOptions options;
   options.base_dir = dir_;
   options.settings_file = settings_;
   options.transcript = &transcript;
@@ -31,9 +31,9 @@ std::vector<Json> SessionTest::Run(const std::string& script, std::string* error
   options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
   trace_.clear();
   {
-    workbench::Session session(std::move(options));
+    session::Session session(std::move(options));
     try {
-      session.Run(workbench::ParseScript(script, "test"));
+      session.Run(session::ParseScript(script, "test"));
       if (error) error->clear();
     } catch (const std::exception& e) {
       if (!error) ADD_FAILURE() << "session failed: " << e.what() << "\n" << transcript.str();

@@ -13,7 +13,7 @@
 
 #include "forms/font_catalog.hpp"
 #include "host/connect.hpp"
-#include "workbench/session.hpp"
+#include "session/session.hpp"
 
 namespace sessions {
 

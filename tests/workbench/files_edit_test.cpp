@@ -4,17 +4,18 @@
 
 #include <functional>
 
-#include "files_test_support.hpp"
-#include "workbench/project_io.hpp"
+#include "vbfiles/files_test_support.hpp"
+#include "workbench/project_loader.hpp"
+#include "workbench/project_saver.hpp"
 
 namespace workbench {
 namespace {
 
-using testing::Edited;
-using testing::FixturesDir;
-using testing::ReadBytes;
-using testing::SampleDir;
-using testing::TempDir;
+using vbfiles::testing::Edited;
+using vbfiles::testing::FixturesDir;
+using vbfiles::testing::ReadBytes;
+using vbfiles::testing::SampleDir;
+using vbfiles::testing::TempDir;
 
 std::shared_ptr<Control> ControlOn(const Project& project, vb::TextView form, vb::TextView name,
                                    std::optional<vb::Integer> index = std::nullopt) {
@@ -321,7 +322,7 @@ TEST_F(FixtureEdits, NewFormGetsAFileAndAProjectLine) {
 
 TEST(SaveProject, ReplacesOnlyWhatChanged) {
   TempDir temp;
-  testing::CopyFolder(SampleDir(), temp.Path());
+  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
   const auto vbp = temp.Path() / "Sample.vbp";
   auto project = OpenProject(vbp);
   const auto module_time = std::filesystem::last_write_time(temp.Path() / "modUtil.bas");
@@ -348,8 +349,8 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
       "   End\r\n";
   const std::string form =
       "VERSION 5.00\r\nBegin VB.Form F \r\n" + label + "End\r\nAttribute VB_Name = \"F\"\r\n";
-  testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  testing::WriteBytes(temp.Path() / "F.frm", form);
+  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
   auto project = OpenProject(temp.Path() / "P.vbp");
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
   auto f = project->FindForm(u"F");
@@ -360,7 +361,7 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
 
 TEST(OpenProject, FindsMembersWhoseNameDiffersInCase) {
   TempDir temp;
-  testing::CopyFolder(SampleDir(), temp.Path());
+  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
   std::filesystem::rename(temp.Path() / "frmMain.frm", temp.Path() / "FRMMAIN.FRM");
   auto project = OpenProject(temp.Path() / "Sample.vbp");
   EXPECT_NE(project->FindForm(u"frmMain"), nullptr);
@@ -369,7 +370,7 @@ TEST(OpenProject, FindsMembersWhoseNameDiffersInCase) {
 
 TEST(OpenProject, MissingMemberNamesTheFile) {
   TempDir temp;
-  testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=Gone.frm\r\n");
+  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=Gone.frm\r\n");
   try {
     OpenProject(temp.Path() / "P.vbp");
     FAIL() << "opened a project with a missing form";

@@ -1,0 +1,317 @@
+#include "session/session.hpp"
+
+#include <algorithm>
+#include <cctype>
+
+#include "session/form_state.hpp"
+#include "session/project_dump.hpp"
+#include "vb/convert.hpp"
+#include "workbench/project_loader.hpp"
+#include "workbench/project_saver.hpp"
+
+namespace session {
+
+using workbench::CodeEdit;
+using workbench::CodeModule;
+using workbench::FormComponent;
+using workbench::Ide;
+using workbench::Project;
+
+namespace {
+
+vb::Text W(const std::string& utf8) { return vb::FromUtf8(utf8); }
+
+[[noreturn]] void Fail(const ScriptLine& line, const std::string& what) {
+  throw SessionError(line.origin + ": " + what);
+}
+
+void Need(const ScriptLine& line, std::size_t min, std::size_t max, const char* usage) {
+  if (line.args.size() < min || line.args.size() > max) Fail(line, std::string("usage: ") + usage);
+}
+
+// "Text1" or "Text1(2)".
+std::pair<vb::Text, std::optional<vb::Integer>> ControlRef(const ScriptLine& line,
+                                                           const std::string& ref) {
+  const auto open = ref.find('(');
+  if (open == std::string::npos) return {W(ref), std::nullopt};
+  if (ref.back() != ')') Fail(line, "bad control reference '" + ref + "'");
+  try {
+    return {W(ref.substr(0, open)),
+            static_cast<vb::Integer>(std::stoi(ref.substr(open + 1, ref.size() - open - 2)))};
+  } catch (const std::exception&) {
+    Fail(line, "bad control index in '" + ref + "'");
+  }
+}
+
+ide::ConnectMode ParseMode(const ScriptLine& line, const std::string& word) {
+  if (word == "after-startup") return ide::ConnectMode::AfterStartup;
+  if (word == "startup") return ide::ConnectMode::Startup;
+  if (word == "external") return ide::ConnectMode::External;
+  if (word == "command-line") return ide::ConnectMode::CommandLine;
+  Fail(line, "unknown connect mode '" + word + "'");
+}
+
+}  // namespace
+
+Session::Session(SessionOptions options)
+    : options_(std::move(options)),
+      own_fonts_(options_.fonts ? nullptr : std::make_unique<linux_platform::FontconfigCatalog>()),
+      store_(options_.settings_file.empty() ? linux_platform::FileSettingsStore::DefaultPath()
+                                            : options_.settings_file),
+      frontend_(*this, options_.fonts ? *options_.fonts : *own_fonts_),
+      runtime_(options_.frontend ? *options_.frontend : frontend_, store_, options_.app_title),
+      trace_(options_.trace, options_.transcript),
+      ide_(Ide::Create(options_.ide)) {
+  runtime_.SetObserver(&trace_);
+  ide_->SetObserver(&trace_);
+}
+
+Session::~Session() {
+  // The IDE shuts down: a connected add-in is disconnected and released
+  // before the runtime its dialogs live in goes.
+  try {
+    if (ide_->AddIn()) ide_->Disconnect(ide::DisconnectMode::HostShutdown);
+  } catch (const std::exception&) {
+    // Shutting down goes on whatever the add-in says.
+  }
+  ide_.reset();
+}
+
+std::filesystem::path Session::Resolve(const std::string& path) const {
+  std::filesystem::path p(path);
+  return p.is_absolute() ? p : options_.base_dir / p;
+}
+
+void Session::Enter(const ScriptLine& line) {
+  trace_.SetLine(line.number);
+  trace_.Say("> " + line.text);
+}
+
+void Session::Run(const std::vector<ScriptLine>& lines) {
+  lines_ = &lines;
+  next_ = 0;
+  while (next_ < lines.size()) Step(lines[next_++]);
+}
+
+void Session::RunLine(const ScriptLine& line) {
+  // No script follows the line: a headless dialog finds no user input.
+  lines_ = nullptr;
+  pending_.clear();
+  Step(line);
+}
+
+void Session::Step(const ScriptLine& line) {
+  Enter(line);
+  switch (SortOf(line)) {
+    case LineSort::Inspection:
+      Inspect(line);
+      break;
+    case LineSort::User:
+      Fail(line, "'" + line.verb +
+                     "' is a user action, but no dialog, message box or font service is open");
+    case LineSort::Ide:
+      try {
+        RunIde(line);
+      } catch (const vb::Failure& failure) {
+        trace_.Emit({{"event", "failure"},
+                     {"action", line.verb},
+                     {"number", failure.Number()},
+                     {"description", vb::ToUtf8(failure.Description())}});
+      } catch (const forms::InputExhausted& e) {
+        throw SessionError(e.what());
+      } catch (const forms::ScriptError& e) {
+        throw SessionError(e.what());
+      }
+      ListenToModules();
+      break;
+  }
+}
+
+std::optional<forms::UserAction> Session::Next(forms::Waiting /*waiting*/,
+                                               const std::string& description) {
+  if (!pending_.empty()) {
+    auto action = pending_.front();
+    pending_.pop_front();
+    return action;
+  }
+  while (lines_ && next_ < lines_->size()) {
+    const ScriptLine& line = (*lines_)[next_];
+    const LineSort sort = SortOf(line);
+    if (sort == LineSort::Ide) {
+      throw forms::InputExhausted(line.origin + ": '" + line.verb + "' is an IDE action, but " +
+                                  description + " still waits for the user");
+    }
+    ++next_;
+    Enter(line);
+    if (sort == LineSort::Inspection) {
+      Inspect(line);
+      continue;
+    }
+    try {
+      forms::UserAction action = ToUserAction(line);
+      // "key NAME COUNT" presses the key COUNT times.
+      int count = 1;
+      if (line.verb == "key" && line.args.size() > 1) count = std::stoi(line.args[1]);
+      for (int i = 1; i < count; ++i) pending_.push_back(action);
+      return action;
+    } catch (const std::invalid_argument&) {
+      Fail(line, "bad repeat count");
+    } catch (const std::runtime_error& e) {
+      throw SessionError(e.what());
+    }
+  }
+  return std::nullopt;
+}
+
+std::shared_ptr<Project> Session::RequireProject(const ScriptLine& line) const {
+  auto project = ide_->ActiveProject();
+  if (!project) Fail(line, "no project is open (use 'open' or 'new-project')");
+  return project;
+}
+
+std::shared_ptr<FormComponent> Session::RequireForm(const ScriptLine& line) const {
+  if (!form_) Fail(line, "no form is selected (use 'form' or 'new-form')");
+  return form_;
+}
+
+void Session::ListenToModules() {
+  for (const auto& project : ide_->Projects()) {
+    for (const auto& form : project->Forms()) {
+      if (auto module = form->Module()) {
+        module->SetEditListener(
+            [this](const CodeModule& m, const CodeEdit& edit) { trace_.CodeEdited(m, edit); });
+      }
+    }
+  }
+}
+
+void Session::RunIde(const ScriptLine& line) {
+  const std::string& v = line.verb;
+  const auto& a = line.args;
+  if (v == "open") {
+    Need(line, 1, 1, "open PROJECT.vbp");
+    auto project = workbench::OpenProject(Resolve(a[0]));
+    ide_->AddProject(project);
+    ide_->SetActiveProject(project);
+    form_ = project->Forms().empty() ? nullptr : project->Forms().front();
+  } else if (v == "new-project") {
+    Need(line, 1, 1, "new-project NAME");
+    auto project = Project::Create(W(a[0]));
+    ide_->AddProject(project);
+    ide_->SetActiveProject(project);
+    form_ = nullptr;
+  } else if (v == "new-form") {
+    Need(line, 1, 1, "new-form NAME");
+    form_ = RequireProject(line)->AddForm(W(a[0]));
+  } else if (v == "form") {
+    Need(line, 1, 1, "form NAME");
+    auto form = RequireProject(line)->FindForm(W(a[0]));
+    if (!form) Fail(line, "the project has no form '" + a[0] + "'");
+    form_ = form;
+  } else if (v == "connect") {
+    Need(line, 0, 2, "connect [MODE] [non-vbe]");
+    if (!ide_->AddIn()) {
+      if (!options_.addin) Fail(line, "this session has no add-in to connect");
+      ide_->LoadAddIn(options_.addin(runtime_));
+    }
+    ide::ConnectMode mode = ide::ConnectMode::AfterStartup;
+    ide::ObjectPtr application;
+    for (const auto& word : a) {
+      if (word == "non-vbe") {
+        application = std::make_shared<ide::Object>();
+      } else {
+        mode = ParseMode(line, word);
+      }
+    }
+    ide_->Connect(mode, application);
+  } else if (v == "disconnect") {
+    Need(line, 0, 0, "disconnect");
+    ide_->Disconnect();
+  } else if (v == "menu") {
+    Need(line, 1, 1, "menu CAPTION");
+    ide_->ClickMenuEntry(W(a[0]));
+  } else if (v == "drop") {
+    Need(line, 1, 1, "drop CLASS");
+    RequireForm(line)->AddControl(W(a[0]));
+  } else if (v == "drop-exact") {
+    Need(line, 2, 2, "drop-exact CLASS NAME");
+    RequireForm(line)->AddControlExact(W(a[0]), W(a[1]));
+  } else if (v == "delete") {
+    Need(line, 1, 1, "delete CONTROL");
+    auto [name, index] = ControlRef(line, a[0]);
+    RequireForm(line)->DeleteControl(name, index);
+  } else if (v == "rename") {
+    Need(line, 2, 2, "rename CONTROL NEWNAME");
+    auto [name, index] = ControlRef(line, a[0]);
+    RequireForm(line)->RenameControl(name, W(a[1]), index);
+  } else if (v == "set") {
+    Need(line, 3, 3, "set CONTROL PROPERTY VALUE");
+    auto form = RequireForm(line);
+    auto [name, index] = ControlRef(line, a[0]);
+    auto control = form->FindControl(name, index);
+    if (!control) Fail(line, "the form has no control '" + a[0] + "'");
+    form->SetPropertyFromSheet(*control, W(a[1]), W(a[2]));
+  } else if (v == "code") {
+    if (a.empty())
+      Fail(line, "usage: code add TEXT | code insert LINE TEXT | code delete FIRST COUNT");
+    auto form = RequireForm(line);
+    auto module = form->Module();
+    if (!module) Fail(line, "form '" + vb::ToUtf8(form->FormName()) + "' has no code module");
+    if (a[0] == "add") {
+      Need(line, 2, 2, "code add TEXT");
+      module->InsertLines(module->CountOfLines() + 1, W(a[1]));
+    } else if (a[0] == "insert") {
+      Need(line, 3, 3, "code insert LINE TEXT");
+      module->InsertLines(std::stoi(a[1]), W(a[2]));
+    } else if (a[0] == "delete") {
+      Need(line, 3, 3, "code delete FIRST COUNT");
+      module->DeleteLines(std::stoi(a[1]), std::stoi(a[2]));
+    } else {
+      Fail(line, "code takes add, insert or delete");
+    }
+  } else if (v == "refuse") {
+    Need(line, 3, 4, "refuse CONTROL PROPERTY \"DESCRIPTION\" [always]");
+    workbench::Refusal refusal{W(a[0]), W(a[1]), W(a[2])};
+    if (a.size() == 4) {
+      if (a[3] != "always") Fail(line, "the last word of 'refuse' can only be 'always'");
+      refusal.always = true;
+    }
+    ide_->InjectRefusal(refusal);
+  } else if (v == "store") {
+    Need(line, 4, 4, "store APP SECTION KEY TEXT");
+    store_.Save(W(a[0]), W(a[1]), W(a[2]), W(a[3]));
+  } else if (v == "save") {
+    Need(line, 0, 1, "save [PATH.vbp]");
+    auto project = RequireProject(line);
+    if (a.empty()) {
+      workbench::SaveProject(*project);
+    } else {
+      workbench::SaveProject(*project, Resolve(a[0]));
+    }
+  }
+}
+
+void Session::Inspect(const ScriptLine& line) {
+  if (line.verb == "echo") {
+    trace_.Say(line.args.empty() ? std::string() : line.args[0]);
+  } else if (line.verb == "dump") {
+    auto project = ide_->ActiveProject();
+    Json dump = project ? Json(DumpProject(*project)) : Json();
+    trace_.Emit({{"event", "dump"}, {"project", dump}});
+  } else if (line.verb == "listing") {
+    // The selected form's code, line by line.
+    Json lines = Json::array();
+    if (form_ && form_->Module()) {
+      for (const auto& text : form_->Module()->AllLines()) lines.push_back(vb::ToUtf8(text));
+    }
+    trace_.Emit({{"event", "listing"},
+                 {"form", form_ ? vb::ToUtf8(form_->FormName()) : std::string()},
+                 {"lines", std::move(lines)}});
+  } else if (line.verb == "state") {
+    forms::Form* form = runtime_.ActiveForm();
+    Json state = form ? Json(FormState(*form)) : Json();
+    trace_.Emit({{"event", "state"}, {"state", state}});
+  }
+}
+
+}  // namespace session

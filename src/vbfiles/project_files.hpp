@@ -1,0 +1,81 @@
+// A VB6 project as its files hold it: the project file (.vbp), each form as
+// a document with its binary side file (.frx), and every other member kept
+// as bytes; read from disk as a whole and written back as a whole.
+//
+// Reading follows the project file's member lines (Form=, Module=, Class=,
+// ...) and its resource file (ResFile32=). A member's path is matched without
+// regard to case when the exact spelling is missing, since projects come from
+// a system whose file names ignore case. Forms are parsed (frm_file.hpp);
+// other members, and the binary companions of designer files (.ctx, .dsx,
+// ...), are kept byte for byte to be copied when the project is saved
+// elsewhere.
+//
+// Writing is all-or-nothing per file and never loses data: each file is
+// replaced only by an atomic rename of a complete new one, only when its
+// bytes differ, members first and the project file last, so a project file
+// never names a member that was not written.
+//
+// Failures: a member that is missing fails with "File not found" (53) naming
+// it; an unreadable file with 53 or 75 naming it; a malformed project or form
+// file with 321 naming the file and the line.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "vb/text.hpp"
+#include "vbfiles/frm_file.hpp"
+#include "vbfiles/frx_file.hpp"
+#include "vbfiles/vbp_file.hpp"
+
+namespace vbfiles {
+
+// One form of the project.
+struct FormFile {
+  std::string relative_path;      // "frmMain.frm", relative to the project's folder
+  std::string frx_relative_path;  // where its .frx is, or would be
+  FrmDocument document;
+  std::optional<FrxFile> frx;  // none when the form has no side file yet
+
+  // A form the project never had, as the IDE makes one: VERSION, an empty
+  // form block, the Attribute lines; "<name>.frm" beside the project file.
+  static FormFile New(const vb::Text& name);
+  // Puts a string that no property line can hold (one with line breaks) at
+  // the end of the side file and gives the reference to write for it:
+  // $"frmMain.frx":0000. The side file's bytes so far never change, and an
+  // equal string already there is used again, so saving twice gives the same
+  // files.
+  vb::Text StoreString(const vb::Text& text);
+};
+
+struct ProjectFiles {
+  std::filesystem::path vbp_path;
+  VbpFile vbp;
+  std::vector<FormFile> forms;  // in the order the project file lists them
+  // Every other member, its companion and the resource file: relative path
+  // and bytes.
+  std::vector<std::pair<std::string, std::string>> other_files;
+
+  // Name="Sample" of the project file, or the project file's own name
+  // without its extension.
+  vb::Text Name() const;
+};
+
+// Reads the project whose project file is at `vbp_path`, and its members.
+ProjectFiles ReadProjectFiles(const std::filesystem::path& vbp_path);
+
+// The project file of a project that was never saved: Type=Exe, the OLE
+// Automation reference, Startup (when the project has a form), Name.
+VbpFile NewProjectFile(const vb::Text& name, const std::optional<vb::Text>& startup_form);
+
+// Writes `members` (by path relative to the project file's folder) and then
+// the project file's bytes to `vbp_path`, each only when it differs.
+void WriteProjectFiles(const std::filesystem::path& vbp_path,
+                       const std::map<std::string, std::string>& members,
+                       const std::string& vbp_bytes);
+
+}  // namespace vbfiles

@@ -1,0 +1,192 @@
+// Opening a project: the files as read, turned into the model.
+//
+// Sections: what the model keeps for the files, reading values, opening.
+#include "workbench/project_loader.hpp"
+
+#include <optional>
+
+#include "vb/convert.hpp"
+#include "vbfiles/frm_value.hpp"
+#include "vbfiles/project_files.hpp"
+#include "workbench/class_rules.hpp"
+
+namespace workbench {
+
+using vbfiles::FrmNode;
+using vbfiles::FrmValue;
+using vbfiles::FrxFile;
+
+namespace {
+
+// ------------------------------------------------- what the model keeps
+
+void StripObjects(FrmNode& node) {
+  std::erase_if(node.children,
+                [](const FrmNode& child) { return child.kind == FrmNode::Kind::Object; });
+}
+
+// The model's opaque `raw` of a property: the bytes of its line.
+std::string RawOf(const FrmNode& node) {
+  return node.line ? vb::ToCp1252(node.line->text) : std::string();
+}
+
+void AppendFingerprint(const FrmNode& node, std::string& out) {
+  out += RawOf(node);
+  out += '\n';
+  for (const auto& child : node.children) AppendFingerprint(child, out);
+  if (node.end_line) out += vb::ToCp1252(node.end_line->text);
+}
+
+// The font's `raw`: every line of its group as read.
+std::string FingerprintOf(const FrmNode& group) {
+  std::string out;
+  AppendFingerprint(group, out);
+  return out;
+}
+
+// ------------------------------------------------- reading values
+
+// The value a property line gives, of the rule's kind. A value the kind
+// cannot take reads as the default: the line itself is kept in `raw`, so
+// nothing of the file is lost.
+vb::Value ValueFromFile(const PropertyRule* rule, const FrmNode& node, const FrxFile* frx) {
+  const FrmValue value = vbfiles::ParseFrmValue(node.value);
+  vb::Text text;
+  switch (value.form) {
+    case FrmValue::Form::Quoted:
+      text = value.text;
+      break;
+    case FrmValue::Form::Frx: {
+      std::optional<vb::Text> stored;
+      if (frx != nullptr && value.frx.is_string) stored = frx->ReadString(value.frx.offset);
+      if (frx != nullptr && !value.frx.is_string && rule != nullptr &&
+          rule->type == PropertyType::Text) {
+        stored = frx->ReadShortString(value.frx.offset);
+      }
+      text = stored.value_or(node.value);
+      break;
+    }
+    case FrmValue::Form::Bare:
+      if (rule == nullptr) return vbfiles::UntypedFrmValue(value, node.value);
+      text = value.text;
+      if (const auto hex = vbfiles::ParseFrmHex(text)) text = vb::IntegerToText(*hex);
+      break;
+  }
+  if (rule == nullptr) return text;
+  try {
+    return CoerceToKind(KindOf(rule->type), vb::Value(text));
+  } catch (const vb::Failure&) {
+    return rule->default_value;
+  }
+}
+
+void LoadFont(Font& font, const FrmNode& group) {
+  for (const auto& child : group.children) {
+    if (child.kind != FrmNode::Kind::Property) continue;
+    const FrmValue value = vbfiles::ParseFrmValue(child.value);
+    // One bad entry must not cost the others; the block's text is kept whole.
+    try {
+      if (vb::SameName(child.name, u"Name")) font.SetName(value.text);
+      if (vb::SameName(child.name, u"Size")) font.SetSize(vb::CSng(value.text));
+      if (vb::SameName(child.name, u"Charset")) font.SetCharset(vb::CInt(value.text));
+      if (vb::SameName(child.name, u"Weight")) font.SetWeight(vb::CInt(value.text));
+      if (vb::SameName(child.name, u"Bold")) font.SetBold(vb::IsTrue(vb::CBool(value.text)));
+      if (vb::SameName(child.name, u"Italic")) font.SetItalic(vb::IsTrue(vb::CBool(value.text)));
+      if (vb::SameName(child.name, u"Underline"))
+        font.SetUnderline(vb::IsTrue(vb::CBool(value.text)));
+      if (vb::SameName(child.name, u"Strikethrough")) {
+        font.SetStrikethrough(vb::IsTrue(vb::CBool(value.text)));
+      }
+    } catch (const vb::Failure&) {
+    }
+  }
+  font.raw = FingerprintOf(group);
+}
+
+// ------------------------------------------------- opening
+
+// A property whose new-control default is the control's name (Caption,
+// Text) and that the file does not hold is empty: the IDE leaves out an
+// empty one, and the name was only ever a new control's starting value.
+template <typename Load>
+void EmptyNameDefaults(const std::vector<PropertySlot>& slots, Load load) {
+  std::vector<vb::Text> names;
+  for (const auto& slot : slots) {
+    if (slot.rule != nullptr && slot.rule->default_from == DefaultFrom::ControlName &&
+        !slot.from_file && !vb::SameName(slot.name, u"Name")) {
+      names.push_back(slot.name);
+    }
+  }
+  for (const auto& name : names) load(name);
+}
+
+void LoadControlBlock(FormComponent& form, const FrmNode& node,
+                      const std::shared_ptr<Control>& container, const FrxFile* frx) {
+  auto control = form.LoadControl(node.type, node.name, container);
+  for (const auto& child : node.children) {
+    switch (child.kind) {
+      case FrmNode::Kind::Property:
+        control->LoadProperty(
+            child.name, ValueFromFile(control->Rules().Find(child.name), child, frx), RawOf(child));
+        break;
+      case FrmNode::Kind::Group:
+        if (vb::SameName(child.name, u"Font") && control->GetFont() != nullptr) {
+          LoadFont(*control->GetFont(), child);
+        }
+        break;
+      case FrmNode::Kind::Object:
+        LoadControlBlock(form, child, control, frx);
+        break;
+      case FrmNode::Kind::Blank:
+        break;
+    }
+  }
+  EmptyNameDefaults(control->Slots(), [&](const vb::Text& name) {
+    control->LoadProperty(name, vb::Value(vb::Text()), {});
+  });
+  FrmNode kept = node;
+  StripObjects(kept);
+  control->FileData() = std::move(kept);
+}
+
+void LoadFormFile(Project& project, vbfiles::FormFile file) {
+  const FrxFile* frx = file.frx ? &*file.frx : nullptr;
+  FrmNode& block = file.document.Form();
+  auto module = std::make_shared<CodeModule>(block.name, file.document.CodeLines());
+  auto form = project.LoadForm(block.name, module);
+  const auto rules = FormClass();
+  for (const auto& child : block.children) {
+    switch (child.kind) {
+      case FrmNode::Kind::Property:
+        form->LoadFormProperty(child.name, ValueFromFile(rules->Find(child.name), child, frx),
+                               RawOf(child));
+        break;
+      case FrmNode::Kind::Group:
+        if (vb::SameName(child.name, u"Font")) LoadFont(form->FormFont(), child);
+        break;
+      case FrmNode::Kind::Object:
+        LoadControlBlock(*form, child, nullptr, frx);
+        break;
+      case FrmNode::Kind::Blank:
+        break;
+    }
+  }
+  EmptyNameDefaults(form->FormSlots(), [&](const vb::Text& name) {
+    form->LoadFormProperty(name, vb::Value(vb::Text()), {});
+  });
+  StripObjects(block);
+  form->FileData() = std::move(file);
+}
+
+}  // namespace
+
+std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path) {
+  vbfiles::ProjectFiles files = vbfiles::ReadProjectFiles(vbp_path);
+  auto project = Project::Create(files.Name());
+  for (auto& form : files.forms) LoadFormFile(*project, std::move(form));
+  files.forms.clear();
+  project->FileData() = std::move(files);
+  return project;
+}
+
+}  // namespace workbench

@@ -1,0 +1,29 @@
+// Opening a VB6 project into the workbench's model: the project files as
+// src/vbfiles reads them, turned into a project, its forms, their controls
+// and code modules.
+//
+// Each form's own properties, its controls (nested as the file nests them,
+// classes the workbench does not model kept with all their properties), and
+// its code section as the form's code module. Every property keeps the exact
+// text of its line (the model's opaque `raw`), the font its block.
+//
+// What the model keeps of the files, for project_saver.hpp: the project its
+// vbfiles::ProjectFiles (less the forms), each form its vbfiles::FormFile
+// (the form block without the controls' blocks), each control read from the
+// file its vbfiles::FrmNode (its block without the blocks inside it).
+//
+// Failures: a file that is missing or unreadable fails with 53 or 75 naming
+// it; a malformed file fails with 321 naming the file and the line.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "workbench/project.hpp"
+
+namespace workbench {
+
+// Opens the project whose .vbp is at `vbp_path`.
+std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path);
+
+}  // namespace workbench

@@ -1,0 +1,285 @@
+// Saving a project: the model turned back into its files.
+//
+// Sections: which properties get lines, blocks from the model, the form's
+// file, the project's files.
+#include "workbench/project_saver.hpp"
+
+#include <algorithm>
+#include <any>
+
+#include "vb/convert.hpp"
+#include "vbfiles/control_libraries.hpp"
+#include "vbfiles/frm_enum_names.hpp"
+#include "vbfiles/frm_value.hpp"
+#include "vbfiles/project_files.hpp"
+#include "workbench/class_rules.hpp"
+
+namespace workbench {
+
+using vbfiles::FrmNode;
+
+namespace {
+
+// ------------------------------------------------- which properties get lines
+
+// Properties the IDE writes for every control that has them, default or not.
+bool AlwaysWritten(vb::TextView name, bool is_form) {
+  static constexpr std::u16string_view kControl[] = {
+      u"Left", u"Top", u"Width", u"Height", u"TabIndex", u"X1", u"Y1", u"X2", u"Y2"};
+  static constexpr std::u16string_view kForm[] = {u"ClientHeight",   u"ClientLeft",  u"ClientTop",
+                                                  u"ClientWidth",    u"ScaleHeight", u"ScaleWidth",
+                                                  u"StartUpPosition"};
+  const auto in = [&](const auto& names) {
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](std::u16string_view n) { return vb::SameName(n, name); });
+  };
+  return is_form ? in(kForm) : in(kControl);
+}
+
+struct BlockModel {
+  vb::TextView type;
+  vb::TextView name;
+  const std::vector<PropertySlot>& slots;
+  const Font* font;
+  bool is_form;
+  bool is_new;  // no block in the file yet
+};
+
+// Whether a property that the file's block does not hold as read gets a line.
+bool ShouldWrite(const PropertySlot& slot, const BlockModel& block) {
+  if (vb::SameName(slot.name, u"Name")) return false;  // it is on the Begin line
+  if (slot.rule != nullptr && slot.rule->type == PropertyType::Font) return false;
+  if (!slot.raw.empty()) return true;
+  if (!slot.from_file && !slot.written && !block.is_new) return false;
+  if (slot.rule == nullptr) return true;
+  if (AlwaysWritten(slot.name, block.is_form)) return true;
+  // The IDE leaves out what equals the class default; a default taken from
+  // the control's name is no class default.
+  const vb::Value class_default = slot.rule->default_from == DefaultFrom::ControlName
+                                      ? vb::Value(vb::Text())
+                                      : slot.rule->default_value;
+  return slot.value != class_default;
+}
+
+bool EndsWithColor(vb::TextView name) {
+  return name.size() >= 5 && vb::SameName(name.substr(name.size() - 5), u"Color");
+}
+
+vb::Text ValueText(const PropertySlot& slot, vb::TextView file_class, vbfiles::FormFile& file) {
+  const vb::Value& value = slot.value;
+  switch (value.GetKind()) {
+    case vb::Kind::Text:
+      if (value.AsText().find_first_of(u"\r\n") != vb::Text::npos) {
+        return file.StoreString(value.AsText());
+      }
+      return vbfiles::QuoteFrmString(value.AsText());
+    case vb::Kind::Boolean:
+      return vbfiles::FormatFrmBoolean(value.AsBoolean());
+    case vb::Kind::Integer:
+    case vb::Kind::Long: {
+      const vb::Long number =
+          value.Is(vb::Kind::Integer) ? vb::Long{value.AsInteger()} : value.AsLong();
+      if (EndsWithColor(slot.name)) {
+        return vbfiles::FormatFrmColor(number);
+      }
+      return vbfiles::FormatFrmValue(value, vbfiles::EnumValueName(file_class, slot.name, number));
+    }
+  }
+  return value.ToText();
+}
+
+FrmNode FontGroup(const Font& font, vb::Text type) {
+  FrmNode group = FrmNode::Group(u"Font", std::move(type));
+  group.children = {
+      FrmNode::Property(u"Name", vbfiles::QuoteFrmString(font.Name())),
+      FrmNode::Property(u"Size", vbfiles::FormatFrmSingle(font.Size())),
+      FrmNode::Property(u"Charset", vb::IntegerToText(font.Charset())),
+      FrmNode::Property(u"Weight", vb::IntegerToText(font.Weight())),
+      FrmNode::Property(u"Underline", vbfiles::FormatFrmBoolean(vb::ToBoolean(font.Underline()))),
+      FrmNode::Property(u"Italic", vbfiles::FormatFrmBoolean(vb::ToBoolean(font.Italic()))),
+      FrmNode::Property(u"Strikethrough",
+                        vbfiles::FormatFrmBoolean(vb::ToBoolean(font.Strikethrough()))),
+  };
+  return group;
+}
+
+// ------------------------------------------------- blocks from the model
+
+FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::FormFile& file) {
+  FrmNode node = original != nullptr ? *original : FrmNode::Object(vb::Text(block.type), {});
+  if (node.name != block.name || node.type != block.type) {
+    node.name = block.name;
+    node.type = block.type;
+    if (node.line) node.line_end = node.line->eol;
+    node.line.reset();
+  }
+  const auto& slots = block.slots;
+  const auto slot_named = [&](vb::TextView name) {
+    return std::find_if(slots.begin(), slots.end(),
+                        [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
+  };
+  std::vector<bool> done(slots.size());
+  bool font_done = false;
+  std::vector<FrmNode> children;
+  for (const auto& child : node.children) {
+    if (child.kind == FrmNode::Kind::Group && block.font != nullptr &&
+        vb::SameName(child.name, u"Font")) {
+      font_done = true;
+      // A font that kept its `raw` was not written since it was read.
+      children.push_back(!block.font->raw.empty() ? child : FontGroup(*block.font, child.type));
+      continue;
+    }
+    const auto slot = slot_named(child.name);
+    if (child.kind != FrmNode::Kind::Property || slot == slots.end()) {
+      // Blank lines, groups of other libraries, and lines the model holds
+      // nothing for stay as read.
+      children.push_back(child);
+      continue;
+    }
+    // A property that kept its `raw` was not written since it was read: its
+    // line stays as read (every line of it, should the file repeat it). A
+    // written one gets one new line in place of the first.
+    const auto index = static_cast<std::size_t>(slot - slots.begin());
+    const bool repeated = done[index];
+    done[index] = true;
+    if (!slot->raw.empty()) {
+      children.push_back(child);
+    } else if (!repeated && ShouldWrite(*slot, block)) {
+      FrmNode changed = FrmNode::Property(child.name, ValueText(*slot, block.type, file));
+      if (child.line) changed.line_end = child.line->eol;
+      children.push_back(std::move(changed));
+    }
+  }
+  for (std::size_t i = 0; i < slots.size(); ++i) {
+    if (!done[i] && ShouldWrite(slots[i], block)) {
+      vbfiles::InsertInIdeOrder(
+          children, FrmNode::Property(slots[i].name, ValueText(slots[i], block.type, file)));
+    }
+  }
+  if (block.font != nullptr && !font_done && !(*block.font == Font())) {
+    vbfiles::InsertInIdeOrder(children, FontGroup(*block.font, {}));
+  }
+  node.children = std::move(children);
+  return node;
+}
+
+using ControlsByContainer = std::vector<std::pair<const Control*, std::shared_ptr<Control>>>;
+
+FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
+                     vbfiles::FormFile& file) {
+  const auto* kept = std::any_cast<FrmNode>(&control.FileData());
+  const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
+                         control.GetFont(),   false,          kept == nullptr};
+  FrmNode node = BuildBlock(kept, block, file);
+  for (const auto& [container, child] : all) {
+    if (container == &control) node.children.push_back(BuildControl(*child, all, file));
+  }
+  return node;
+}
+
+// ------------------------------------------------- the form's file
+
+// The library a new control of another library needs loaded; null for VB's
+// own controls and for controls read from the file, which stay as the file
+// had them.
+const vbfiles::ControlLibrary* LibraryToLoad(const Control& control) {
+  return control.FileData().has_value() ? nullptr : vbfiles::LibraryOf(control.FileClass());
+}
+
+// The form's file (and its .frx, in `file`) from the model.
+std::string BuildFormFile(const FormComponent& form, vbfiles::FormFile& file, bool is_new) {
+  vbfiles::FrmDocument& document = file.document;
+
+  // Each control goes under its container; one whose container is no longer
+  // on the form goes under the form, so it is not lost.
+  ControlsByContainer all;
+  for (const auto& control : form.Controls()) {
+    const auto container = control->Container();
+    const bool placed =
+        container && std::any_of(form.Controls().begin(), form.Controls().end(),
+                                 [&](const auto& other) { return other == container; });
+    all.emplace_back(placed ? container.get() : nullptr, control);
+  }
+
+  const BlockModel block{
+      document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
+  FrmNode root = BuildBlock(&document.Form(), block, file);
+  for (const auto& [container, control] : all) {
+    if (container == nullptr) root.children.push_back(BuildControl(*control, all, file));
+  }
+  document.Form() = std::move(root);
+
+  for (const auto& control : form.Controls()) {
+    if (const auto* library = LibraryToLoad(*control)) vbfiles::AddLibraryTo(document, *library);
+  }
+  document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
+  const auto module = form.Module();
+  document.SetCodeLines(module ? module->AllLines() : std::vector<vb::Text>{});
+  return document.Write();
+}
+
+// ------------------------------------------------- the project's files
+
+struct SaveSet {
+  std::string vbp_name;
+  std::map<std::string, std::string> files;  // members, by relative path
+};
+
+SaveSet BuildSaveSet(const Project& project) {
+  SaveSet set;
+  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  std::optional<vb::Text> startup;
+  if (!project.Forms().empty()) startup = project.Forms().front()->FormName();
+  vbfiles::VbpFile vbp =
+      data != nullptr ? data->vbp : vbfiles::NewProjectFile(project.Name(), startup);
+  set.vbp_name =
+      data != nullptr ? data->vbp_path.filename().string() : vb::ToUtf8(project.Name()) + ".vbp";
+  for (const auto& form : project.Forms()) {
+    const auto* form_data = std::any_cast<vbfiles::FormFile>(&form->FileData());
+    vbfiles::FormFile working =
+        form_data != nullptr ? *form_data : vbfiles::FormFile::New(form->FormName());
+    if (form_data == nullptr) {
+      vb::Text path = vb::FromUtf8(working.relative_path);
+      std::replace(path.begin(), path.end(), u'/', u'\\');
+      vbp.Add(u"Form", path);
+    }
+    set.files[working.relative_path] = BuildFormFile(*form, working, form_data == nullptr);
+    if (working.frx) set.files[working.frx_relative_path] = working.frx->Bytes();
+    for (const auto& control : form->Controls()) {
+      if (const auto* library = LibraryToLoad(*control)) vbfiles::AddLibraryTo(vbp, *library);
+    }
+  }
+  if (data != nullptr) {
+    for (const auto& [relative, bytes] : data->other_files) set.files[relative] = bytes;
+  }
+  // The project file keeps its own spelling of an unchanged name.
+  if (vbp.ProjectName() != project.Name()) {
+    vbp.Set(u"Name", vbfiles::QuoteFrmString(project.Name()));
+  }
+  set.files[set.vbp_name] = vbp.Write();
+  return set;
+}
+
+}  // namespace
+
+std::map<std::string, std::string> ProjectFileBytes(const Project& project) {
+  return BuildSaveSet(project).files;
+}
+
+void SaveProject(const Project& project) {
+  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  if (data == nullptr) {
+    throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
+                                               project.Name() + u" has no project file yet");
+  }
+  SaveProject(project, data->vbp_path);
+}
+
+void SaveProject(const Project& project, const std::filesystem::path& vbp_path) {
+  SaveSet set = BuildSaveSet(project);
+  const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
+  set.files.erase(set.vbp_name);
+  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes);
+}
+
+}  // namespace workbench

@@ -1,0 +1,327 @@
+// The pieces of the file formats one by one: lines and their ends, value
+// texts, property lines as the IDE writes them, the .frx layouts, the .vbp,
+// and the failures a malformed form file gives.
+#include <gtest/gtest.h>
+
+#include "files_test_support.hpp"
+#include "vb/failure.hpp"
+#include "vbfiles/file_lines.hpp"
+#include "vbfiles/frm_enum_names.hpp"
+#include "vbfiles/frm_file.hpp"
+#include "vbfiles/frm_value.hpp"
+#include "vbfiles/frx_file.hpp"
+#include "vbfiles/vbp_file.hpp"
+
+namespace vbfiles {
+namespace {
+
+// --- lines ---
+
+struct SplitCase {
+  const char* name;
+  std::string bytes;
+  std::vector<SourceLine> lines;
+};
+void PrintTo(const SplitCase& c, std::ostream* os) { *os << c.name; }
+
+class SplitLinesTest : public ::testing::TestWithParam<SplitCase> {};
+
+TEST_P(SplitLinesTest, KeepsEachLinesEnd) {
+  EXPECT_EQ(SplitLines(GetParam().bytes), GetParam().lines);
+  EXPECT_EQ(JoinLines(GetParam().lines), GetParam().bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ends, SplitLinesTest,
+    ::testing::Values(SplitCase{"Empty", "", {}},
+                      SplitCase{"OneEmptyLine", "\r\n", {{u"", "\r\n"}}},
+                      SplitCase{"NoFinalEnd", "a\r\nb", {{u"a", "\r\n"}, {u"b", ""}}},
+                      SplitCase{"LfEnds", "a\nb\n", {{u"a", "\n"}, {u"b", "\n"}}},
+                      SplitCase{"CrEnd", "a\rb", {{u"a", "\r"}, {u"b", ""}}},
+                      SplitCase{
+                          "EveryEnd", "a\r\r\n\n", {{u"a", "\r"}, {u"", "\r\n"}, {u"", "\n"}}},
+                      SplitCase{"Cp1252", "\x80\x81\xe9", {{u"\u20ac\u0081\u00e9", ""}}}));
+
+TEST(CommonLineEnd, MostLinesDecideAndCrLfWinsTies) {
+  EXPECT_EQ(CommonLineEnd(SplitLines("a\nb\nc\r\n")), "\n");
+  EXPECT_EQ(CommonLineEnd(SplitLines("a\nb\r\n")), "\r\n");
+  EXPECT_EQ(CommonLineEnd(SplitLines("no end")), "\r\n");
+}
+
+// --- values ---
+
+struct ValueCase {
+  std::u16string text;
+  FrmValue::Form form;
+  std::u16string value;  // text, or the .frx file name
+  std::u16string comment;
+  std::uint32_t offset = 0;
+  bool is_string = false;
+};
+
+void PrintTo(const ValueCase& c, std::ostream* os) { *os << vb::ToUtf8(c.text); }
+
+class ParseValueTest : public ::testing::TestWithParam<ValueCase> {};
+
+TEST_P(ParseValueTest, ReadsTheForm) {
+  const auto& c = GetParam();
+  const FrmValue value = ParseFrmValue(c.text);
+  EXPECT_EQ(value.form, c.form);
+  EXPECT_EQ(value.comment, c.comment);
+  if (c.form == FrmValue::Form::Frx) {
+    EXPECT_EQ(value.frx, (FrxReference{c.value, c.offset, c.is_string}));
+  } else {
+    EXPECT_EQ(value.text, c.value);
+  }
+}
+
+using F = FrmValue::Form;
+INSTANTIATE_TEST_SUITE_P(
+    Values, ParseValueTest,
+    ::testing::Values(ValueCase{u"\"Check1\"", F::Quoted, u"Check1", u""},
+                      ValueCase{u"\"Say \"\"hi\"\"\"", F::Quoted, u"Say \"hi\"", u""},
+                      ValueCase{u"\"it's 'quoted'\"", F::Quoted, u"it's 'quoted'", u""},
+                      ValueCase{u"\"no end", F::Quoted, u"no end", u""},
+                      ValueCase{u"$\"Form1.frx\":0000", F::Frx, u"Form1.frx", u"", 0, true},
+                      ValueCase{u"\"Form1.frx\":10A4", F::Frx, u"Form1.frx", u"", 0x10A4, false},
+                      ValueCase{u"-1  'True", F::Bare, u"-1", u"True"},
+                      ValueCase{u"3  'Windows Default", F::Bare, u"3", u"Windows Default"},
+                      ValueCase{u"&H8000000F&", F::Bare, u"&H8000000F&", u""},
+                      ValueCase{u"^O", F::Bare, u"^O", u""},
+                      ValueCase{u"   8.25   ", F::Bare, u"8.25", u""}));
+
+struct LineCase {
+  int depth;
+  std::u16string name;
+  vb::Value value;
+  std::u16string enum_name;
+  std::u16string line;
+};
+
+void PrintTo(const LineCase& c, std::ostream* os) {
+  *os << vb::ToUtf8(c.name) << "=" << vb::ToUtf8(c.value.ToText());
+}
+
+class FormatLineTest : public ::testing::TestWithParam<LineCase> {};
+
+TEST_P(FormatLineTest, WritesAsTheIde) {
+  const auto& c = GetParam();
+  EXPECT_EQ(FormatPropertyLine(c.depth, c.name, FormatFrmValue(c.value, c.enum_name)), c.line);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, FormatLineTest,
+    ::testing::Values(LineCase{1, u"Caption", vb::Value(u"Form1"), u"",
+                               u"   Caption         =   \"Form1\""},
+                      LineCase{2, u"Caption", vb::Value(u"A \"B\""), u"",
+                               u"      Caption         =   \"A \"\"B\"\"\""},
+                      LineCase{2, u"Enabled", vb::Value(vb::Boolean::False), u"",
+                               u"      Enabled         =   0   'False"},
+                      LineCase{3, u"Value", vb::Value(vb::Boolean::True), u"",
+                               u"         Value           =   -1  'True"},
+                      LineCase{1, u"StartUpPosition", vb::Value(vb::Integer{3}), u"Windows Default",
+                               u"   StartUpPosition =   3  'Windows Default"},
+                      LineCase{2, u"CausesValidation", vb::Value(vb::Boolean::False), u"",
+                               u"      CausesValidation=   0   'False"},
+                      LineCase{2, u"Width", vb::Value(vb::Long{-1215}), u"",
+                               u"      Width           =   -1215"}));
+
+TEST(EnumValueName, ClassRowsWinAndOtherLibrariesGetNone) {
+  EXPECT_EQ(EnumValueName(u"VB.Form", u"BorderStyle", 3), u"Fixed Dialog");
+  EXPECT_EQ(EnumValueName(u"VB.Label", u"BorderStyle", 1), u"Fixed Single");
+  EXPECT_EQ(EnumValueName(u"VB.Form", u"BorderStyle", 9), u"");
+  EXPECT_EQ(EnumValueName(u"MSComctlLib.ListView", u"Appearance", 1), u"");
+}
+
+// --- the .frx ---
+
+std::string Le(std::uint32_t value, int bytes) {
+  std::string out;
+  for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
+  return out;
+}
+
+TEST(FrxFile, ReadsEachLayoutAtItsOffset) {
+  const std::string bytes = "pad" + Le(3, 4) + "a\x80z" +              // string at 3
+                            Le(2, 1) + "hi" +                          // short string at 10
+                            Le(2, 2) + Le(1, 2) + "x" + Le(0, 2) +     // list at 13
+                            Le(2, 2) + Le(7, 4) + Le(0xFFFFFFFF, 4) +  // item data at 20
+                            Le(2, 4) + "BM";                           // blob at 30
+  const FrxFile frx(bytes);
+  EXPECT_EQ(frx.ReadString(3), u"a\u20acz");
+  EXPECT_EQ(frx.ReadShortString(10), u"hi");
+  EXPECT_EQ(frx.ReadList(13), (std::vector<vb::Text>{u"x", u""}));
+  EXPECT_EQ(frx.ReadItemData(20), (std::vector<vb::Long>{7, -1}));
+  EXPECT_EQ(frx.ReadBlob(30), "BM");
+}
+
+TEST(FrxFile, CountsPastTheEndReadAsNothing) {
+  const FrxFile frx(Le(100, 4) + "short" + Le(5, 2));
+  EXPECT_EQ(frx.ReadString(0), std::nullopt);
+  EXPECT_EQ(frx.ReadBlob(0), std::nullopt);
+  EXPECT_EQ(frx.ReadList(9), std::nullopt);
+  EXPECT_EQ(frx.ReadItemData(9), std::nullopt);
+  EXPECT_EQ(frx.ReadShortString(1000), std::nullopt);
+  EXPECT_EQ(FrxFile().ReadString(0), std::nullopt);
+}
+
+// --- the .vbp ---
+
+TEST(VbpFile, ReadsMembersAndSettings) {
+  const auto vbp = VbpFile::Parse(testing::ReadBytes(testing::SampleDir() / "Sample.vbp"), u"x");
+  EXPECT_EQ(vbp.ProjectName(), u"Sample");
+  EXPECT_EQ(vbp.Get(u"startup"), u"\"frmMain\"");
+  // Keys of a tool's section are not the project's.
+  EXPECT_EQ(vbp.Get(u"AutoRefresh"), std::nullopt);
+  const auto members = vbp.Members();
+  ASSERT_EQ(members.size(), 2U);
+  EXPECT_EQ(members[0].key, u"Form");
+  EXPECT_EQ(members[0].path, u"frmMain.frm");
+  EXPECT_EQ(members[1].name, u"modUtil");
+  EXPECT_EQ(members[1].path, u"modUtil.bas");
+  EXPECT_EQ(MemberPathToGeneric(u"..\\lib\\x.bas"), "../lib/x.bas");
+}
+
+TEST(VbpFile, SetAndAddChangeOnlyTheirLines) {
+  auto vbp = VbpFile::Parse("Type=Exe\nForm=a.frm\nName=\"P\"\n\n[Tool]\nKey=1\n", u"x");
+  vbp.Set(u"Name", u"\"P\"");
+  EXPECT_EQ(vbp.Write(), "Type=Exe\nForm=a.frm\nName=\"P\"\n\n[Tool]\nKey=1\n");
+  vbp.Set(u"Name", u"\"Q\"");
+  vbp.Add(u"Form", u"b.frm");
+  vbp.Add(u"Startup", u"\"a\"");
+  EXPECT_EQ(vbp.Write(),
+            "Type=Exe\nForm=a.frm\nForm=b.frm\nName=\"Q\"\nStartup=\"a\"\n\n[Tool]\nKey=1\n");
+}
+
+TEST(VbpFile, LineWithoutKeyIsNamed) {
+  try {
+    VbpFile::Parse("Type=Exe\r\njunk\r\n", u"P.vbp");
+    FAIL();
+  } catch (const vb::Failure& failure) {
+    EXPECT_EQ(failure.Number(), vb::kBadFileFormat);
+    EXPECT_EQ(failure.Description(), u"P.vbp line 2: expected Key=Value");
+  }
+}
+
+// --- form documents ---
+
+struct MalformedCase {
+  const char* name;
+  std::string bytes;
+  std::u16string description;
+};
+
+void PrintTo(const MalformedCase& c, std::ostream* os) { *os << c.name; }
+
+class MalformedForm : public ::testing::TestWithParam<MalformedCase> {};
+
+TEST_P(MalformedForm, FailsNamingFileAndLine) {
+  try {
+    FrmDocument::Parse(GetParam().bytes, u"bad.frm");
+    FAIL() << "parsed";
+  } catch (const vb::Failure& failure) {
+    EXPECT_EQ(failure.Number(), vb::kBadFileFormat);
+    EXPECT_EQ(failure.Description(), GetParam().description);
+  }
+}
+
+std::string DeepNesting() {
+  std::string text;
+  for (int i = 0; i < 150; ++i) text += "Begin VB.Frame F" + std::to_string(i) + "\r\n";
+  return text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, MalformedForm,
+    ::testing::Values(
+        MalformedCase{"Empty", "", u"bad.frm: no form block (Begin ... End) in the file"},
+        MalformedCase{"BeginWithoutEnd",
+                      "VERSION 5.00\r\nBegin VB.Form F \r\n   Caption = \"x\"\r\n",
+                      u"bad.frm line 2: Begin without End"},
+        MalformedCase{
+            "InnerBlockLeftOpen",
+            "Begin VB.Form F\r\n   Begin VB.Label L\r\n   End\r\n   Begin VB.Label M\r\nEnd\r\n",
+            u"bad.frm line 1: Begin without End"},
+        MalformedCase{"EndWithoutBegin", "VERSION 5.00\r\nEnd\r\n",
+                      u"bad.frm line 2: End without Begin"},
+        MalformedCase{"PropertyOutsideBlock",
+                      "VERSION 5.00\r\nCaption = \"x\"\r\nBegin VB.Form F\r\nEnd\r\n",
+                      u"bad.frm line 2: property line outside a Begin block"},
+        MalformedCase{"StrayText", "hello\r\nBegin VB.Form F\r\nEnd\r\n",
+                      u"bad.frm line 1: unexpected line before the form's Begin block"},
+        MalformedCase{"NotAPropertyInBlock", "Begin VB.Form F\r\n   what is this\r\nEnd\r\n",
+                      u"bad.frm line 2: expected a property line (Name = value), Begin or End"},
+        MalformedCase{"PropertyWithoutName", "Begin VB.Form F\r\n   = 3\r\nEnd\r\n",
+                      u"bad.frm line 2: property line without a name"},
+        MalformedCase{"BeginWithoutName", "Begin VB.Form\r\nEnd\r\n",
+                      u"bad.frm line 1: Begin needs a class and a name"},
+        MalformedCase{"GroupClosedByEnd",
+                      "Begin VB.Form F\n BeginProperty Font\n Name = \"x\"\nEnd\n",
+                      u"bad.frm line 4: End where EndProperty was expected"},
+        MalformedCase{"GroupLeftOpen", "Begin VB.Form F\n BeginProperty Font\n",
+                      u"bad.frm line 2: BeginProperty without EndProperty"},
+        MalformedCase{"EndPropertyWithoutGroup", "Begin VB.Form F\n EndProperty\nEnd\n",
+                      u"bad.frm line 2: EndProperty without BeginProperty"},
+        MalformedCase{"GroupOutsideBlock", "BeginProperty Font\nEndProperty\n",
+                      u"bad.frm line 1: BeginProperty outside a Begin block"},
+        MalformedCase{"BlockInsideGroup",
+                      "Begin VB.Form F\n BeginProperty Font\n Begin VB.Label L\n",
+                      u"bad.frm line 3: Begin inside a BeginProperty group"},
+        MalformedCase{"NestedTooDeeply", DeepNesting(),
+                      u"bad.frm line 101: blocks nested too deeply"}));
+
+TEST(FrmDocument, EveryByteSurvivesARoundTrip) {
+  std::string caption, code;
+  for (int b = 0x20; b <= 0xFF; ++b) {
+    if (b != '"') caption.push_back(static_cast<char>(b));
+    code.push_back(static_cast<char>(b));
+  }
+  const std::string bytes = "Begin VB.Form F \r\n   Caption         =   \"" + caption +
+                            "\"\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n' " + code + "\r\n";
+  const auto document = FrmDocument::Parse(bytes, u"x");
+  EXPECT_EQ(document.Write(), bytes);
+  EXPECT_EQ(ParseFrmValue(*document.Form().PropertyValue(u"caption")).text,
+            vb::FromCp1252(caption));
+  EXPECT_EQ(vb::ToCp1252(document.CodeLines().at(0)), "' " + code);
+}
+
+TEST(FrmDocument, ReadsTheParts) {
+  const auto document = FrmDocument::Parse(
+      testing::ReadBytes(testing::FixturesDir() / "control_array.frm"), u"control_array.frm");
+  EXPECT_EQ(document.Header().size(), 1U);
+  EXPECT_EQ(document.Form().type, u"VB.Form");
+  EXPECT_EQ(document.Form().name, u"frmArray");
+  EXPECT_EQ(document.Attribute(u"VB_Name"), u"frmArray");
+  EXPECT_EQ(document.Attribute(u"VB_PredeclaredId"), u"True");
+  EXPECT_EQ(document.CodeLines().front(), u"Option Explicit");
+  auto form = document.Form();
+  ASSERT_NE(form.FindObject(u"txtField", 0), nullptr);
+  EXPECT_EQ(form.FindObject(u"TXTFIELD", 0)->line_number, 21U);
+  EXPECT_EQ(form.FindObject(u"txtField", 1)->PropertyValue(u"Text"), u"\"second\"");
+  EXPECT_EQ(form.FindObject(u"txtField"), nullptr);  // every one is in the array
+}
+
+TEST(FrmDocument, NodeEditsKeepWhatDidNotChange) {
+  auto document = FrmDocument::Parse(
+      "Begin VB.Form F \r\n   Caption         =   \"F\"\r\n   Begin VB.Label L \r\n"
+      "      Caption         =   \"L\"\r\n      BeginProperty Font \r\n      EndProperty\r\n"
+      "   End\r\nEnd\r\n",
+      u"x");
+  FrmNode* label = document.Form().FindObject(u"L");
+  ASSERT_NE(label, nullptr);
+  label->SetProperty(u"Caption", u"\"L\"");  // unchanged
+  label->SetProperty(u"Height", u"255");     // new: after the last property
+  label->SetProperty(u"Width", u"975");
+  EXPECT_TRUE(label->RemoveProperty(u"width"));
+  EXPECT_FALSE(label->RemoveProperty(u"Width"));
+  document.Form().SetProperty(u"caption", u"\"G\"");  // changed: written anew
+  document.SetAttribute(u"VB_Name", u"\"F\"");
+  EXPECT_EQ(document.Write(),
+            "Begin VB.Form F \r\n   Caption         =   \"G\"\r\n   Begin VB.Label L \r\n"
+            "      Caption         =   \"L\"\r\n      Height          =   255\r\n"
+            "      BeginProperty Font \r\n      EndProperty\r\n   End\r\nEnd\r\n"
+            "Attribute VB_Name = \"F\"\r\n");
+}
+
+}  // namespace
+}  // namespace vbfiles

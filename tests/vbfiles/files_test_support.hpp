@@ -1,0 +1,86 @@
+// Shared pieces of the project-file tests: where fixtures live, whole files,
+// a temporary folder, and a diff of two files by lines.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace vbfiles::testing {
+
+inline std::filesystem::path SourceDir() {
+  if (const char* dir = std::getenv("TESSALY_SOURCE_DIR")) return dir;
+  // tests/vbfiles/ -> the repository
+  return std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+}
+inline std::filesystem::path FixturesDir() { return SourceDir() / "tests/vbfiles/fixtures"; }
+inline std::filesystem::path SampleDir() { return SourceDir() / "examples/sample"; }
+
+// A file's stem as a parameterised test's name: "frx_refs".
+inline std::string NameOf(const ::testing::TestParamInfo<std::filesystem::path>& info) {
+  std::string name = info.param.stem().string();
+  for (auto& c : name) {
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  }
+  return name;
+}
+
+inline std::string ReadBytes(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  EXPECT_TRUE(in) << path;
+  std::ostringstream out;
+  out << in.rdbuf();
+  return out.str();
+}
+
+inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
+  std::ofstream out(path, std::ios::binary);
+  out << bytes;
+}
+
+// A fresh folder under the system's temporary folder, removed afterwards.
+class TempDir {
+ public:
+  TempDir() {
+    std::random_device seed;
+    path_ = std::filesystem::temp_directory_path() /
+            ("tessaly-files-" + std::to_string(seed()) + std::to_string(seed()));
+    std::filesystem::create_directories(path_);
+  }
+  ~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// Copies every file of `from` (not recursive) into `to`.
+inline void CopyFolder(const std::filesystem::path& from, const std::filesystem::path& to) {
+  for (const auto& entry : std::filesystem::directory_iterator(from)) {
+    if (entry.is_regular_file())
+      std::filesystem::copy_file(entry.path(), to / entry.path().filename());
+  }
+}
+
+// The text with every occurrence of `from` replaced once: builds the file a
+// test expects from the file as read. Fails the test when `from` is missing.
+inline std::string Edited(std::string text, const std::string& from, const std::string& to) {
+  const auto at = text.find(from);
+  EXPECT_NE(at, std::string::npos) << "missing in the original: " << from;
+  if (at != std::string::npos) text.replace(at, from.size(), to);
+  return text;
+}
+
+}  // namespace vbfiles::testing

@@ -2,11 +2,15 @@
 //
 //   tessaly run SCRIPT [--trace FILE] [--settings FILE] [--quiet]
 //   tessaly interactive [PROJECT.vbp] [--settings FILE]
+//   tessaly addins
 //
 // `run` runs a session script against the workbench IDE with the Tessaly
 // add-in loaded, printing a transcript; --trace writes the JSON Lines trace.
 // `interactive` gives a prompt for the same IDE actions and shows the add-in's
-// dialogs in the terminal.
+// dialogs in the terminal. `addins` lists the add-ins the workbench offers.
+//
+// The workbench's add-in list is the registration record of the component:
+// its display name, description and load behaviour are the record's.
 #include <CLI/CLI.hpp>
 
 #include <fstream>
@@ -15,11 +19,26 @@
 
 #include "host/connect.hpp"
 #include "linux/fontconfig_catalog.hpp"
+#include "packaging/registration_record.hpp"
+#include "session/addin_list.hpp"
 #include "session/session.hpp"
 #include "tui/prompt.hpp"
 #include "tui/terminal_frontend.hpp"
 
 namespace {
+
+ide::AddInListing TessalyListing() {
+  const auto& record = packaging::Registration();
+  return {packaging::ProgId(record), record.designer.display_name, record.designer.description,
+          static_cast<std::uint32_t>(record.designer.load_behaviour)};
+}
+
+// Loads Tessaly into a session as the IDE loads the registered component.
+void UseTessaly(session::SessionOptions& options) {
+  options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
+  options.addin_listing = TessalyListing();
+  options.app_title = packaging::Registration().project.name;
+}
 
 int RunScript(const std::string& script_path, const std::string& trace_path,
               const std::string& settings_path, bool quiet) {
@@ -46,7 +65,7 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
     options.settings_file = settings_path;
     options.transcript = quiet ? nullptr : &std::cout;
     options.trace = trace_path.empty() ? nullptr : &trace_file;
-    options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
+    UseTessaly(options);
     session::Session session(std::move(options));
     session.Run(lines);
   } catch (const std::exception& e) {
@@ -63,9 +82,7 @@ int RunInteractive(const std::string& project, const std::string& settings_path)
   options.session.settings_file = settings_path;
   options.session.fonts = &fonts;
   options.session.frontend = &terminal;
-  options.session.addin = [](forms::Runtime& runtime) {
-    return tessaly::MakeConnectFactory(runtime);
-  };
+  UseTessaly(options.session);
   options.project = project;
   options.in = &std::cin;
   options.out = &std::cout;
@@ -96,7 +113,12 @@ int main(int argc, char** argv) {
   interactive->add_option("project", project, "A project to open first (.vbp)");
   interactive->add_option("--settings", settings,
                           "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
+  auto* addins = app.add_subcommand("addins", "List the add-ins the workbench offers");
   CLI11_PARSE(app, argc, argv);
+  if (addins->parsed()) {
+    session::PrintAddInList({TessalyListing()}, std::cout);
+    return 0;
+  }
   if (interactive->parsed()) return RunInteractive(project, settings);
   return RunScript(script, trace, settings, quiet);
 }

@@ -14,7 +14,12 @@
 
 namespace ide {
 
-enum class ConnectMode : std::int32_t { AfterStartup = 0, Startup = 1, External = 2, CommandLine = 3 };
+enum class ConnectMode : std::int32_t {
+  AfterStartup = 0,
+  Startup = 1,
+  External = 2,
+  CommandLine = 3
+};
 enum class DisconnectMode : std::int32_t { HostShutdown = 0, UserClosed = 1 };
 
 class AddIn {
@@ -29,5 +34,17 @@ class AddIn {
 
 // How an IDE makes an add-in's instance.
 using AddInFactory = std::function<std::unique_ptr<AddIn>()>;
+
+// What an IDE's add-in list shows of an add-in before loading it, as the
+// add-in's registration gives it.
+struct AddInListing {
+  vb::Text prog_id;
+  vb::Text display_name;
+  vb::Text description;
+  // The IDE's own values: bit 1 loads the add-in at startup, bit 4 when the
+  // IDE is started from a command line.
+  std::uint32_t load_behavior = 0;
+};
+inline constexpr std::uint32_t kLoadAtStartup = 1;
 
 }  // namespace ide

@@ -48,8 +48,10 @@ struct SessionOptions {
   std::ostream* transcript = nullptr;
   std::ostream* trace = nullptr;
   workbench::IdeOptions ide;
-  // How to make the add-in, given the session's forms runtime.
+  // How to make the add-in, given the session's forms runtime, and what the
+  // IDE's add-in list shows of it.
   std::function<ide::AddInFactory(forms::Runtime&)> addin;
+  ide::AddInListing addin_listing;
   // Font families; the system's (fontconfig) when null.
   forms::FontCatalog* fonts = nullptr;
   // What a message box shows when its caller gives no title.

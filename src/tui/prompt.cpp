@@ -79,6 +79,8 @@ int RunPrompt(PromptOptions options) {
   // Declared before the session, which writes to it until it is destroyed.
   std::ostringstream recorded;
   options.session.transcript = &recorded;
+  const bool startup_addin = options.session.addin && (options.session.addin_listing.load_behavior &
+                                                       ide::kLoadAtStartup) != 0;
   session::Session session(std::move(options.session));
   int number = 0;
 
@@ -102,6 +104,13 @@ int RunPrompt(PromptOptions options) {
     // What went wrong is printed already; a prompt without the project the
     // user asked for would only mislead.
     if (!session.GetIde().ActiveProject()) return 1;
+  }
+  // An add-in registered to load at startup is connected as the IDE starts,
+  // after the project the user named, so that its control events come from
+  // that project.
+  if (startup_addin) {
+    const std::string typed = "connect startup";
+    run({0, "connect", {"startup"}, kOrigin, typed}, typed);
   }
   std::string text;
   for (;;) {

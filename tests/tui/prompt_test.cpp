@@ -50,6 +50,7 @@ class PromptTest : public ::testing::Test {
     options.session.addin = [](forms::Runtime& runtime) -> ide::AddInFactory {
       return [&runtime] { return std::make_unique<AskingAddIn>(runtime); };
     };
+    options.session.addin_listing.load_behavior = load_behavior_;
     options.project = project;
     options.in = &in;
     options.out = &out;
@@ -67,6 +68,7 @@ class PromptTest : public ::testing::Test {
   forms::testing::FixedFonts fonts_{{u"Arial"}};
   testing::ScriptedFrontend frontend_;
   int status_ = -1;
+  std::uint32_t load_behavior_ = 0;
 };
 
 TEST_F(PromptTest, RunsIdeActionsAndPrintsWhatHappenedWithoutEchoingTheLine) {
@@ -110,6 +112,14 @@ TEST_F(PromptTest, DialogsGoToTheFrontEndTheSessionWasGiven) {
   const std::string out = Run("new-project P\nconnect\n");
   EXPECT_EQ(frontend_.prompts, (std::vector<std::string>{"Ready?"}));
   EXPECT_NE(out.find("message box \"Asking\": \"Ready?\" -> No"), std::string::npos);
+}
+
+TEST_F(PromptTest, AnAddInRegisteredForStartupConnectsBeforeTheFirstPrompt) {
+  load_behavior_ = ide::kLoadAtStartup;
+  frontend_.answers.push_back(forms::vbYes);
+  const std::string out = Run("quit\n");
+  EXPECT_EQ(frontend_.prompts, (std::vector<std::string>{"Ready?"}));
+  EXPECT_LT(out.find("Ready?"), out.find("tessaly> ")) << out;
 }
 
 TEST_F(PromptTest, AProjectThatCannotBeOpenedEndsThePromptAtOnce) {

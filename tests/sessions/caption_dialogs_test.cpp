@@ -86,9 +86,6 @@ const SaveCase kSaves[] = {
      "fraMain.Name=fraMain:text, Enabled=false:boolean, Visible=false:boolean, "
      "Caption=&Main:text, font, fraMain(3).Index=3:text, Tag= t :text"},
     // The buttons stand left, centre, right; Alignment numbers them 0, 2, 1.
-    {"LabelCentred", "Label", "click optCenter\nclick OKButton\n",
-     "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-     "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment=2:integer16"},
     // One box set: each write reads its own box.
     {"LabelRightAutoSize", "Label", "click chkAutoSize\nclick optRight\nclick OKButton\n",
      "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "

@@ -38,9 +38,6 @@ const SaveCase kSaves[] = {
      "open at optList",
      "refuse lv View \"Not allowed\"\n"},
     // The line style is the element's place in its control array.
-    {"TreeViewRootLines", "TreeView", "click optLineStyle(1)\nclick OKButton\n",
-     "tv.Name=tv:text, Enabled=true:boolean, Visible=true:boolean, Sorted=false:boolean, "
-     "FullRowSelect=false:boolean, HideSelection=true:boolean, font, LineStyle=1:integer16"},
     {"TreeViewRefusedLineStyle", "TreeView", "click optLineStyle(1)\nclick OKButton\nanswer OK\n",
      "tv.Name=tv:text, Enabled=true:boolean, Visible=true:boolean, Sorted=false:boolean, "
      "FullRowSelect=false:boolean, HideSelection=true:boolean, font, LineStyle!=1:integer16; "

@@ -15,8 +15,6 @@ const SaveCase kSaves[] = {
     {"TimerIntervalTooLarge", "Timer",
      "click txtInterval\nkey Home\nkey Delete 3\ntype \"32768\"\nkey Enter\n",
      "tmr.Name=tmr:text, Enabled=true:boolean; open at txtInterval"},
-    {"TimerIntervalEmpty", "Timer", "click txtInterval\nkey Home\nkey Delete 3\nkey Enter\n",
-     "tmr.Name=tmr:text, Enabled=true:boolean; open at txtInterval"},
     {"TimerBackspaceIsFilteredDeleteIsNot", "Timer",
      "click txtInterval\nkey End\nkey Backspace\nkey Home\nkey Delete\ntype \"7x\"\nkey Enter\n",
      "tmr.Name=tmr:text, Enabled=true:boolean, Interval=700:integer16"},
@@ -47,8 +45,6 @@ const SaveCase kSaves[] = {
      "click txtTabs\nkey Home\nkey Delete 2\ntype \"0\"\nkey Enter\nanswer OK\n",
      "tab.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs!=0:text; open at "
      "txtTabs"},
-    {"SSTabNoTabs", "SSTab", "click txtTabs\nkey Home\nkey Delete 2\nkey Enter\nanswer OK\n",
-     "tab.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs!=:text; open at txtTabs"},
     {"SSTabZeroTabsPerRow", "SSTab",
      "click txtTabsPerRow\nkey Home\nkey Delete 2\ntype \"00\"\nkey Enter\nanswer OK\n",
      "tab.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs=3:text, "

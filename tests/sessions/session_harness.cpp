@@ -116,25 +116,6 @@ Lines SessionTest::FocusTrail() const {
   return trail;
 }
 
-Json SessionTest::Dumped(const std::string& control) const {
-  const auto dumps = Events("dump");
-  if (dumps.empty()) return Json();
-  for (const auto& form : dumps.back()["project"]["forms"]) {
-    for (const auto& c : form["controls"]) {
-      if (c["name"] == control) return c;
-    }
-  }
-  return Json();
-}
-
-Json SessionTest::Property(const std::string& control, const std::string& name) const {
-  const Json dumped = Dumped(control);
-  for (const auto& p : dumped["properties"]) {
-    if (p["name"] == name) return p["value"];
-  }
-  return Json();
-}
-
 TEST_P(SaveTest, WritesWhatTheUserLeft) {
   const SaveCase& c = GetParam();
   EXPECT_EQ(Save(c.what, c.user, c.setup), c.outcome);

@@ -68,9 +68,6 @@ class SessionTest : public ::testing::Test {
   std::string Focused() const;
   // The focused control of every state dump, in order.
   Lines FocusTrail() const;
-  // A property's value in the last project dump, or null.
-  Json Property(const std::string& control, const std::string& name) const;
-  Json Dumped(const std::string& control) const;
 
   // Options of the IDE for the next run.
   workbench::IdeOptions ide_options_;

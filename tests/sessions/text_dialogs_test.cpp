@@ -39,10 +39,6 @@ const SaveCase kSaves[] = {
      "click optSB(2)\nclick optSB(0)\nclick optSB(2)\nclick OKButton\n",
      "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
      "ScrollBars=2:integer16, font"},
-    {"RichTextBoxScrollBarsBackToBoth", "RichTextBox",
-     "click optSB(1)\nclick optSB(3)\nclick OKButton\n",
-     "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
-     "ScrollBars=3:integer16, font"},
     {"RichTextBoxScrollBarsByArrow", "RichTextBox", "click optSB(3)\nkey Down\nclick OKButton\n",
      "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
      "ScrollBars=0:integer16, font"},

@@ -28,8 +28,6 @@ struct PlanCase {
   std::optional<NoRemoval> reason = std::nullopt;
 };
 
-void PrintTo(const PlanCase& c, std::ostream* os) { *os << c.label; }
-
 class PlanTest : public ::testing::TestWithParam<PlanCase> {};
 
 TEST_P(PlanTest, PlansTheMarkedLines) {

@@ -13,10 +13,6 @@ std::string Code(const Lines& lines) {
     if (i) out += "\\r\\n";
     for (char c : lines[i]) {
       if (c == '"' || c == '\\') out.push_back('\\');
-      if (c == '\t') {
-        out += "\\t";
-        continue;
-      }
       out.push_back(c);
     }
   }

@@ -20,8 +20,6 @@ struct DialogCase {
   const char* typed = "";  // typed into the name before saving
 };
 
-void PrintTo(const DialogCase& c, std::ostream* os) { *os << c.what; }
-
 class EveryDialogTest : public SessionTest, public ::testing::WithParamInterface<DialogCase> {
  protected:
   std::string TypeName() const { return std::string("type \"") + GetParam().typed + "\"\n"; }

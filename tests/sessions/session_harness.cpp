@@ -39,17 +39,32 @@ std::vector<Json> SessionTest::Run(const std::string& script, std::string* error
   return trace_;
 }
 
-void SessionTest::Drop(const std::string& what, const std::string& user, const std::string& setup) {
+namespace {
+
+std::string DropScript(const std::string& what, const std::string& user, const std::string& setup) {
   const bool exact = what.find(' ') != std::string::npos;
-  Run(kConnected + setup + (exact ? "drop-exact " : "drop ") + what + "\n" + user);
+  return kConnected + setup + (exact ? "drop-exact " : "drop ") + what + "\n" + user;
+}
+
+// The control with the focus in a state dump, or "".
+std::string FocusIn(const Json& state) {
+  if (state.is_null()) return "";
+  for (const auto& c : state["controls"]) {
+    if (c["focus"].get<bool>()) return c["control"];
+  }
+  return "";
+}
+
+}  // namespace
+
+void SessionTest::Drop(const std::string& what, const std::string& user, const std::string& setup) {
+  Run(DropScript(what, user, setup));
 }
 
 std::string SessionTest::Save(const std::string& what, const std::string& user,
                               const std::string& setup) {
   std::string error;
-  const bool exact = what.find(' ') != std::string::npos;
-  Run(kConnected + setup + (exact ? "drop-exact " : "drop ") + what + "\n" + user + "state\n",
-      &error);
+  Run(DropScript(what, user + "state\n", setup), &error);
   if (error.empty()) return Writes();
   if (error.starts_with("script ended while dialog")) return Writes() + "; open at " + Focused();
   return Writes() + "; " + error;
@@ -98,21 +113,12 @@ Json SessionTest::Control(const std::string& path) const {
 
 std::string SessionTest::Focused() const {
   const auto states = Events("state");
-  if (states.empty() || states.back()["state"].is_null()) return "";
-  for (const auto& c : states.back()["state"]["controls"]) {
-    if (c["focus"].get<bool>()) return c["control"];
-  }
-  return "";
+  return states.empty() ? "" : FocusIn(states.back()["state"]);
 }
 
 Lines SessionTest::FocusTrail() const {
   Lines trail;
-  for (const auto& e : Events("state")) {
-    if (e["state"].is_null()) continue;
-    for (const auto& c : e["state"]["controls"]) {
-      if (c["focus"].get<bool>()) trail.push_back(c["control"]);
-    }
-  }
+  for (const auto& e : Events("state")) trail.push_back(FocusIn(e["state"]));
   return trail;
 }
 

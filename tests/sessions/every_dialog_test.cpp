@@ -52,10 +52,12 @@ TEST_P(EveryDialogTest, ARefusedWriteStopsTheSaveAndASecondSaveStartsOver) {
   EXPECT_EQ(Focused(), "chkEnabled");
   EXPECT_EQ(Control("txtIndex")["text"], "1");
 
+  // The properties written, "!" for the refusal: the second save repeats the
+  // first up to the refused write, which then goes through.
   Lines writes;
   for (const auto& e : Events("property_write")) {
-    if (e["source"] == "add-in")
-      writes.push_back(e["property"].get<std::string>() + (e["outcome"] == "ok" ? "" : "!"));
+    if (e["source"] != "add-in") continue;
+    writes.push_back(e["property"].get<std::string>() + (e["outcome"] == "ok" ? "" : "!"));
   }
   const auto refused = std::ranges::find(writes, "Enabled!") - writes.begin();
   ASSERT_LT(2 * refused + 1, std::ssize(writes)) << "a second save";

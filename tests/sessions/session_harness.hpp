@@ -15,7 +15,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "forms/font_catalog.hpp"
+#include "forms/forms_harness.hpp"
 #include "host/connect.hpp"
 #include "workbench/session.hpp"
 
@@ -23,14 +23,6 @@ namespace sessions {
 
 using Json = nlohmann::ordered_json;
 using Lines = std::vector<std::string>;
-
-class FixedFonts : public forms::FontCatalog {
- public:
-  const std::vector<vb::Text>& Families() override { return families_; }
-
- private:
-  std::vector<vb::Text> families_ = {u"Arial", u"Courier New", u"DejaVu Sans", u"Times New Roman"};
-};
 
 // A project with one empty form Form1, the add-in connected.
 inline constexpr const char* kConnected = "new-project P\nnew-form Form1\nconnect\n";
@@ -74,7 +66,7 @@ class SessionTest : public ::testing::Test {
   std::filesystem::path dir_;
   std::filesystem::path settings_;
   std::vector<Json> trace_;
-  FixedFonts fonts_;
+  forms::testing::FixedFonts fonts_{{u"Arial", u"Courier New", u"DejaVu Sans", u"Times New Roman"}};
 };
 
 // A dialog test as data: see Save.

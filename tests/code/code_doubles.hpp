@@ -1,17 +1,16 @@
-// Small real doubles for the code tests: marked-up modules, and a module of
-// plain lines whose AddFromString can be made to fail. The dialogs run on the
+// Small real doubles for the code tests: marked-up modules, and a module
+// whose AddFromString can be made to fail. The dialogs run on the
 // forms harness (forms/forms_harness.hpp) and real workbench controls.
 #pragma once
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "code/code_edits.hpp"
-#include "ide/object_model.hpp"
 #include "vb/failure.hpp"
 #include "vb/text.hpp"
+#include "workbench/code_module.hpp"
 
 namespace tessaly::testing {
 
@@ -70,72 +69,44 @@ inline std::string Joined(const std::vector<vb::Text>& lines) {
   return text;
 }
 
-// Lines and nothing else: no members. Records every edit in `calls`. The next
-// AddFromString can be made to fail after it added some of its lines, as an
-// IDE that runs out of room part-way would.
-class LinesModule : public ide::CodeModule {
+// A workbench module that records every edit in `calls` ("DeleteLines 1 3",
+// "AddFromString 2" for the lines added), and whose next AddFromString can be
+// made to fail after it added some of its lines, as an IDE that runs out of
+// room part-way would.
+class FailingModule : public workbench::CodeModule {
  public:
-  explicit LinesModule(std::vector<vb::Text> lines) : lines_(std::move(lines)) {}
+  explicit FailingModule(std::vector<vb::Text> lines) : CodeModule(u"Form1", std::move(lines)) {
+    SetEditListener([this](const workbench::CodeModule&, const workbench::CodeEdit& edit) {
+      calls.push_back(edit.op == workbench::CodeEdit::Op::DeleteLines
+                          ? "DeleteLines " + std::to_string(edit.first) + " " +
+                                std::to_string(edit.count)
+                          : "AddFromString " + std::to_string(edit.count));
+    });
+  }
 
   void FailNextAdd(vb::Failure failure, std::size_t lines_added_first) {
     failure_ = std::move(failure);
     lines_before_failing_ = lines_added_first;
   }
 
-  const std::vector<vb::Text>& AllLines() const { return lines_; }
-  std::vector<std::string> calls;
-
-  std::int32_t CountOfLines() const override { return static_cast<std::int32_t>(lines_.size()); }
-
-  vb::Text Lines(std::int32_t first, std::int32_t count) const override {
-    Check(first, count);
-    vb::Text text;
-    for (std::int32_t i = 0; i < count; ++i) {
-      if (i != 0) text += u"\r\n";
-      text += lines_[static_cast<std::size_t>(first - 1 + i)];
-    }
-    return text;
-  }
-
-  void DeleteLines(std::int32_t first, std::int32_t count) override {
-    Check(first, count);
-    calls.push_back("DeleteLines " + std::to_string(first) + " " + std::to_string(count));
-    const auto begin = lines_.begin() + (first - 1);
-    lines_.erase(begin, begin + count);
-  }
-
   void AddFromString(const vb::Text& text) override {
-    std::vector<vb::Text> added;
-    std::size_t start = 0;
-    for (;;) {
+    if (!failure_) return CodeModule::AddFromString(text);
+    vb::Text added;
+    for (std::size_t i = 0, start = 0; i < lines_before_failing_; ++i) {
       const std::size_t end = text.find(u"\r\n", start);
-      added.emplace_back(text, start, end == vb::Text::npos ? vb::Text::npos : end - start);
+      added += (i == 0 ? u"" : u"\r\n") + text.substr(start, end - start);
       if (end == vb::Text::npos) break;
       start = end + 2;
     }
-    std::size_t taken = added.size();
-    if (failure_) taken = std::min(lines_before_failing_, added.size());
-    lines_.insert(lines_.end(), added.begin(), added.begin() + static_cast<std::ptrdiff_t>(taken));
-    if (!failure_) {
-      calls.push_back("AddFromString " + std::to_string(taken));
-      return;
-    }
-    calls.push_back("AddFromString failed after " + std::to_string(taken));
+    if (lines_before_failing_ > 0) CodeModule::AddFromString(added);
     const vb::Failure failure = *failure_;
     failure_.reset();
     throw failure;
   }
 
-  std::shared_ptr<ide::Members> Members() override { return nullptr; }
+  std::vector<std::string> calls;
 
  private:
-  void Check(std::int32_t first, std::int32_t count) const {
-    if (count < 0 || first < 1 || first + count - 1 > CountOfLines()) {
-      throw vb::Failure::Of(vb::kInvalidProcedureCall);
-    }
-  }
-
-  std::vector<vb::Text> lines_;
   std::optional<vb::Failure> failure_;
   std::size_t lines_before_failing_ = 0;
 };

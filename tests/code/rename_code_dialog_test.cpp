@@ -20,7 +20,7 @@ struct Boxes : forms::Observer {
 TEST(RenameCodeDialogTest, AFailedAddKeepsTheCodeAndSaysWhy) {
   const std::vector<vb::Text> lines = {u"Private Sub Text1_Click()", u"    Text1.SetFocus",
                                        u"End Sub"};
-  auto module = std::make_shared<testing::LinesModule>(lines);
+  auto module = std::make_shared<testing::FailingModule>(lines);
   module->FailNextAdd(vb::Failure(7, u"Out of memory"), 1);
   forms::testing::Harness h;
   Boxes boxes;

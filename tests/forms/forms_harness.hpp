@@ -12,6 +12,8 @@
 #include <tuple>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "forms/font_catalog.hpp"
 #include "forms/form.hpp"
 #include "forms/headless.hpp"
@@ -30,55 +32,51 @@ class ScriptSource : public ActionSource {
     actions_.push_back(std::move(action));
     return *this;
   }
-  std::optional<UserAction> Next(Waiting, const std::string& description) override {
-    asked_.push_back(description);
+  std::optional<UserAction> Next(Waiting, const std::string&) override {
     if (actions_.empty()) return std::nullopt;
     UserAction a = std::move(actions_.front());
     actions_.pop_front();
     return a;
   }
   std::size_t Left() const { return actions_.size(); }
-  const std::vector<std::string>& Asked() const { return asked_; }
 
  private:
   std::deque<UserAction> actions_;
-  std::vector<std::string> asked_;
   int added_ = 0;
 };
 
-inline UserAction Action(UserAction::Type type) {
+// An action of `type`, its fields set by `set`.
+using Act = UserAction::Type;
+inline UserAction Make(Act type, const std::function<void(UserAction&)>& set = {}) {
   UserAction a;
   a.type = type;
+  if (set) set(a);
   return a;
 }
-inline UserAction Typed(vb::Text text) {
-  UserAction a = Action(UserAction::Type::Type);
-  a.text = std::move(text);
-  return a;
+inline UserAction Typed(vb::Text t) {
+  return Make(Act::Type, [&](auto& a) { a.text = t; });
 }
-inline UserAction Pressed(Key key) {
-  UserAction a = Action(UserAction::Type::Key);
-  a.key = key;
-  return a;
+inline UserAction Pressed(Key k) {
+  return Make(Act::Key, [&](auto& a) { a.key = k; });
 }
-inline UserAction Clicked(std::string target) {
-  UserAction a = Action(UserAction::Type::Click);
-  a.target = std::move(target);
-  return a;
+inline UserAction Clicked(std::string t) {
+  return Make(Act::Click, [&](auto& a) { a.target = t; });
 }
-inline UserAction Ticked(std::string target, std::int32_t row) {
-  UserAction a = Action(UserAction::Type::TickRow);
-  a.target = std::move(target);
-  a.row = row;
-  return a;
+inline UserAction Ticked(std::string t, std::int32_t row) {
+  return Make(Act::TickRow, [&](auto& a) { a.target = t, a.row = row; });
 }
-inline UserAction Answered(std::int32_t answer) {
-  UserAction a = Action(UserAction::Type::Answer);
-  a.answer = answer;
-  return a;
+inline UserAction Answered(std::int32_t n) {
+  return Make(Act::Answer, [&](auto& a) { a.answer = n; });
 }
-inline UserAction Closed() { return Action(UserAction::Type::Close); }
-inline UserAction FontCancelled() { return Action(UserAction::Type::FontCancel); }
+inline UserAction Closed() { return Make(Act::Close); }
+
+// Names a parameterised test by its row's name.
+struct ByName {
+  template <class Row>
+  std::string operator()(const ::testing::TestParamInfo<Row>& row) const {
+    return row.param.name;
+  }
+};
 
 class MemorySettings : public SettingsStore {
  public:
@@ -107,7 +105,7 @@ class FixedFonts : public FontCatalog {
 };
 
 // One line per event: "shown frmA", "focus frmA txtName", "closed frmA",
-// "msgbox 'Saved' OK", "font ok Courier New".
+// "font ok Courier New".
 class Recorder : public Observer {
  public:
   std::vector<std::string> lines;
@@ -115,9 +113,6 @@ class Recorder : public Observer {
   void FormClosed(const Form& f) override { lines.push_back("closed " + f.Name()); }
   void FocusChanged(const Form& f, const Control& c) override {
     lines.push_back("focus " + f.Name() + " " + c.Path());
-  }
-  void MessageBoxShown(const MessageBox& box, std::int32_t answer) override {
-    lines.push_back("msgbox '" + vb::ToUtf8(box.prompt) + "' " + MsgBoxResultName(answer));
   }
   void FontServiceClosed(const FontChoice&, const FontChoice& result, bool ok) override {
     lines.push_back(std::string("font ") + (ok ? "ok " : "cancel ") + vb::ToUtf8(result.name));

@@ -1,5 +1,6 @@
-// Load, modal Show, Hide, Unload and which form is active, driven by scripts
-// through the headless front end.
+// Load, modal Show, Hide and Unload, driven by scripts through the headless
+// front end. Which form is active again after another closes shows in the
+// session tests.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,90 +10,39 @@
 namespace forms::testing {
 namespace {
 
-using ::testing::ElementsAre;
+using K = ControlKind;
 
 const ControlSpec kMain[] = {
-    {.kind = ControlKind::TextBox, .name = "txtName", .caption = u"Text1", .max_length = 8},
-    {.kind = ControlKind::CheckBox, .name = "chkBold", .caption = u"&Bold", .tag = u"t"},
-    {.kind = ControlKind::OptionButton, .name = "optA", .value = 1},
-    {.kind = ControlKind::OptionButton, .name = "optB"},
-    {.kind = ControlKind::ListBox, .name = "lstItems"},
-    {.kind = ControlKind::CommandButton, .name = "cmdOpen", .caption = u"&Open"},
-    {.kind = ControlKind::CommandButton, .name = "cmdOK", .caption = u"OK", .flags = kDefault},
-    {.kind = ControlKind::CommandButton,
-     .name = "cmdCancel",
-     .caption = u"Cancel",
-     .flags = kCancel},
+    {K::TextBox, "txtName", -1, u"Text1", nullptr, 0, u"", 8},
+    {K::CheckBox, "chkBold", -1, u"&Bold", nullptr, 0, u"t"},
+    {K::OptionButton, "optA", -1, u"", nullptr, 1},
+    {K::OptionButton, "optB"},
+    {K::ListBox, "lstItems"},
+    {K::CommandButton, "cmdOK", -1, u"OK", nullptr, 0, u"", 0, kDefault},
 };
 
 class LifecycleTest : public ::testing::Test {
  protected:
   LifecycleTest() {
     main.Get<CommandButton>("cmdOK").Click = [this](Control&) { main.Hide(); };
-    main.Get<CommandButton>("cmdCancel").Click = [this](Control&) {
-      h.log.lines.push_back("cancel clicked");
-      main.Unload();
-    };
-    main.Get<CommandButton>("cmdOpen").Click = [this](Control&) { second.Show(); };
-    main.on_activate = [this] { h.log.lines.push_back("activate frmMain"); };
-    second.on_activate = [this] { h.log.lines.push_back("activate frmSecond"); };
-    second.Get<CommandButton>("cmdOK").Click = [this](Control&) {
-      h.runtime.MsgBox(u"Saved");
-      second.Hide();
-    };
   }
   Harness h;
   TableForm main{h.runtime, "frmMain", u"Main", kMain};
-  TableForm second{h.runtime, "frmSecond", u"Second", kMain};
 };
 
 TEST_F(LifecycleTest, ModalShowReturnsWhenTheFormIsHidden) {
   int loads = 0;
   main.on_load = [&] { ++loads; };
-  h.script.Add(Typed(u"x")).Add(Pressed(Key::Enter));
+  h.script.Add(Typed(u"x")).Add(Pressed(Key::Enter)).Add(Pressed(Key::Enter));
   main.Show();
   EXPECT_FALSE(main.IsShown());
-  EXPECT_TRUE(main.IsLoaded());
   EXPECT_EQ(main.Get<TextBox>("txtName").Text(), u"xText1") << "Hide keeps what the user typed";
   EXPECT_EQ(h.runtime.ActiveForm(), nullptr);
-
-  h.script.Add(Pressed(Key::Enter));
   main.Show();
   EXPECT_EQ(loads, 1) << "a hidden form is still loaded";
   EXPECT_EQ(h.script.Left(), 0u);
-}
-
-TEST_F(LifecycleTest, ShowingAShownFormModallyFails) {
   main.Show(0);
-  try {
-    main.Show();
-    ADD_FAILURE() << "shown twice";
-  } catch (const vb::Failure& f) {
-    EXPECT_EQ(f.Number(), vb::kFormAlreadyDisplayed);
-  }
-}
-
-TEST_F(LifecycleTest, TheFormUnderneathIsActivatedAgainButNotAfterAMessageBox) {
-  h.script.Add(Clicked("cmdOpen"))
-      .Add(Clicked("cmdOK"))  // on the second form: a message box, then Hide
-      .Add(Answered(vbOK))
-      .Add(Pressed(Key::Escape));  // back on the first form
-  main.Show();
-  EXPECT_THAT(
-      h.log.lines,
-      ElementsAre("shown frmMain", "focus frmMain txtName", "activate frmMain",
-                  "focus frmMain cmdOpen", "shown frmSecond", "focus frmSecond txtName",
-                  "activate frmSecond", "focus frmSecond cmdOK", "msgbox 'Saved' OK",
-                  "closed frmSecond", "activate frmMain", "cancel clicked", "closed frmMain"));
-  EXPECT_THAT(h.script.Asked(), ElementsAre("dialog 'Main'", "dialog 'Second'",
-                                            "message box 'Saved'", "dialog 'Main'"));
-}
-
-TEST_F(LifecycleTest, ActivateMayCloseTheFormBeforeTheLoopStarts) {
-  main.on_activate = [this] { main.Unload(); };
-  main.Show();
-  EXPECT_FALSE(main.IsLoaded());
-  EXPECT_TRUE(h.script.Asked().empty());
+  EXPECT_THROW(main.Show(), vb::Failure) << "shown modally while shown";
 }
 
 TEST_F(LifecycleTest, UnloadBringsBackTheDesign) {
@@ -112,7 +62,6 @@ TEST_F(LifecycleTest, UnloadBringsBackTheDesign) {
 
   main.Unload();
   EXPECT_FALSE(main.IsLoaded());
-  EXPECT_EQ(main.ActiveControl(), nullptr);
   EXPECT_EQ(main.Caption(), u"Main");
   EXPECT_EQ(text.Text(), u"Text1");
   EXPECT_EQ(text.MaxLength(), 8);
@@ -123,33 +72,14 @@ TEST_F(LifecycleTest, UnloadBringsBackTheDesign) {
   EXPECT_TRUE(main.Get<OptionButton>("optA").Value());
   EXPECT_FALSE(main.Get<OptionButton>("optB").Value());
   EXPECT_EQ(main.Get<ListBox>("lstItems").ListCount(), 0);
-
   main.Show(0);
   EXPECT_EQ(main.ActiveControl()->Path(), "txtName") << "a fresh form starts at the first stop";
 }
 
-TEST_F(LifecycleTest, TheCloseBoxUnloadsWithoutRunningTheFormsCode) {
-  h.script.Add(Typed(u"abc")).Add(Closed());
-  main.Show();
+TEST_F(LifecycleTest, RunningOutOfInputClosesTheForm) {
+  EXPECT_THROW(main.Show(), InputExhausted);
   EXPECT_FALSE(main.IsLoaded());
-  EXPECT_EQ(main.Get<TextBox>("txtName").Text(), u"Text1");
-  EXPECT_THAT(h.log.lines, ::testing::Not(::testing::Contains("cancel clicked")));
-}
-
-TEST_F(LifecycleTest, RunningOutOfInputClosesTheFormAndEndsTheSession) {
-  {
-    TableForm lonely{h.runtime, "frmLonely", u"Lonely", kMain};
-    try {
-      lonely.Show();
-      ADD_FAILURE() << "no failure";
-    } catch (const InputExhausted& e) {
-      EXPECT_STREQ(e.what(), "script ended while dialog 'Lonely' waits for the user");
-    }
-    // The failure closed the form on its way out of Show.
-    EXPECT_FALSE(lonely.IsShown());
-    EXPECT_FALSE(lonely.IsLoaded());
-    EXPECT_TRUE(h.runtime.ShownForms().empty());
-  }
+  EXPECT_TRUE(h.runtime.ShownForms().empty());
 }
 
 TEST_F(LifecycleTest, ControlsAreFoundByPath) {

@@ -40,13 +40,9 @@ class ServicesTest : public ::testing::Test {
 TEST_F(ServicesTest, AnAnswerMustBeAButtonOfTheBox) {
   h.script.Add(Answered(vbNo)).Add(Answered(vbYes));
   EXPECT_EQ(h.runtime.MsgBox(u"Sure?", vbYesNo), vbNo);
-  try {
-    h.runtime.MsgBox(u"Go on?\nAll of it.", vbOKCancel);
-    ADD_FAILURE() << "Yes accepted";
-  } catch (const ScriptError& e) {
-    EXPECT_STREQ(e.what(),
-                 "script:2: answer 'Yes' is no button of message box 'Go on?' (OK, Cancel)");
-  }
+  EXPECT_THAT([&] { h.runtime.MsgBox(u"Go on?\nAll of it.", vbOKCancel); },
+              ::testing::ThrowsMessage<ScriptError>(
+                  "script:2: answer 'Yes' is no button of message box 'Go on?' (OK, Cancel)"));
   h.script.Add(Clicked("cmdOK"));
   EXPECT_THROW(h.runtime.MsgBox(u"Done"), ScriptError) << "a click while a message box waits";
 }
@@ -60,10 +56,10 @@ TEST_F(ServicesTest, FontChoiceSetsOnlyTheGivenFields) {
     dialog.ShowFont();
     form.Hide();
   };
-  UserAction choose = Action(UserAction::Type::FontChoose);
-  choose.font_name = u"Courier New";
-  choose.font_italic = true;
-  h.script.Add(Clicked("cmdOK")).Add(choose).Add(FontCancelled());
+  h.script.Add(Clicked("cmdOK"))
+      .Add(Make(Act::FontChoose,
+                [](auto& a) { a.font_name = u"Courier New", a.font_italic = true; }))
+      .Add(Make(Act::FontCancel));
   form.Show();
   EXPECT_EQ(dialog.FontName, u"Courier New");
   EXPECT_EQ(dialog.FontSize, 10.0F);
@@ -75,9 +71,8 @@ TEST_F(ServicesTest, FontChoiceSetsOnlyTheGivenFields) {
 
 TEST_F(ServicesTest, AFontTheSystemLacksIsAScriptError) {
   form.Get<CommandButton>("cmdOK").Click = [this](Control&) { dialog.ShowFont(); };
-  UserAction choose = Action(UserAction::Type::FontChoose);
-  choose.font_name = u"Dejavu Sanz";
-  const std::string error = ScriptErrorOf({Clicked("cmdOK"), choose});
+  const std::string error = ScriptErrorOf(
+      {Clicked("cmdOK"), Make(Act::FontChoose, [](auto& a) { a.font_name = u"Dejavu Sanz"; })});
   EXPECT_THAT(error, HasSubstr("script:2: no font family 'Dejavu Sanz'"));
   EXPECT_THAT(error, HasSubstr("'DejaVu Sans', 'DejaVu Serif'"));
   EXPECT_EQ(dialog.FontName, u"");

@@ -1,5 +1,5 @@
-// Check boxes, option groups and list boxes: Click on programmatic changes,
-// one selected option per container, sorted rows that carry their data.
+// Check boxes and list boxes: Click on programmatic changes, sorted rows that
+// carry their data. Option groups show in the session tests.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,34 +11,16 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// One array of option buttons spread over the form and two frames: the
-// container, not the name, makes the group.
 const ControlSpec kChoices[] = {
-    {.kind = ControlKind::CheckBox, .name = "chkBold", .value = 2},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 0, .value = 1},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 1},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 2, .container = "fraA", .value = 1},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 3, .container = "fraA"},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 4, .container = "fraB", .value = 1},
-    {.kind = ControlKind::OptionButton, .name = "opt", .index = 5, .container = "fraB"},
-    {.kind = ControlKind::Frame, .name = "fraA"},
-    {.kind = ControlKind::Frame, .name = "fraB"},
-    {.kind = ControlKind::ListBox, .name = "lstSorted", .flags = kSorted | kCheckBoxStyle},
-    {.kind = ControlKind::ListBox, .name = "lstPlain"},
+    {ControlKind::CheckBox, "chkBold", -1, u"", nullptr, 2},
+    {ControlKind::ListBox, "lstSorted", -1, u"", nullptr, 0, u"", 0, kSorted},
+    {ControlKind::ListBox, "lstPlain"},
 };
 
 class ValueControlsTest : public ::testing::Test {
  protected:
   ValueControlsTest() {
     check.Click = [this](Control& c) { clicks.push_back(c.Path()); };
-    for (std::int16_t i = 0; i < 6; ++i) {
-      form.Get<OptionButton>("opt", i).Click = [this](Control& c) { clicks.push_back(c.Path()); };
-    }
-  }
-  std::string Selected() const {
-    std::string s;
-    for (std::int16_t i = 0; i < 6; ++i) s += form.Get<OptionButton>("opt", i).Value() ? '1' : '0';
-    return s;
   }
   Harness h;
   TableForm form{h.runtime, "frmChoices", u"Choices", kChoices};
@@ -54,21 +36,6 @@ TEST_F(ValueControlsTest, CheckBoxClicksOnEveryValueChange) {
   EXPECT_EQ(check.Value(), 0);
   EXPECT_THAT(clicks, ElementsAre("chkBold", "chkBold", "chkBold"));
   EXPECT_THROW(check.SetValue(3), vb::Failure);
-}
-
-TEST_F(ValueControlsTest, OptionsAreExclusivePerContainer) {
-  EXPECT_EQ(Selected(), "101010") << "design values, one per container";
-  form.Get<OptionButton>("opt", 3).SetValue(true);
-  EXPECT_EQ(Selected(), "100110");
-  form.Get<OptionButton>("opt", 1).SetValue(true);
-  form.Get<OptionButton>("opt", 1).SetValue(true);
-  EXPECT_EQ(Selected(), "010110");
-  form.Get<OptionButton>("opt", 1).SetValue(false);
-  EXPECT_EQ(Selected(), "000110");
-  form.Get<OptionButton>("opt", 4).UserClick();
-  EXPECT_THAT(clicks, ElementsAre("opt(3)", "opt(1)", "opt(4)"))
-      << "Click on the button set, none on those cleared; a user click on a selected one "
-         "still clicks";
 }
 
 TEST_F(ValueControlsTest, SortedListKeepsDataAndSelectionWithTheirRows) {
@@ -93,14 +60,10 @@ TEST_F(ValueControlsTest, SortedListKeepsDataAndSelectionWithTheirRows) {
   EXPECT_THAT(rows, ElementsAre(u"Alpha", u"alpha", u"ALPHA", u"Bravo", u"charlie", u"delta"));
   EXPECT_THAT(data, ElementsAre(1, 3, 5, 4, 2, 0));
   EXPECT_THAT(selected, ElementsAre(false, false, false, false, true, false));
-}
-
-TEST_F(ValueControlsTest, UnsortedListAppends) {
-  auto& list = form.Get<ListBox>("lstPlain");
-  list.AddItem(u"b");
-  list.AddItem(u"a");
-  EXPECT_EQ(list.NewIndex(), 1);
-  EXPECT_EQ(list.List(1), u"a");
+  auto& plain = form.Get<ListBox>("lstPlain");
+  plain.AddItem(u"b");
+  plain.AddItem(u"a");
+  EXPECT_EQ(plain.NewIndex(), 1) << "an unsorted list appends";
 }
 
 TEST_F(ValueControlsTest, RowsOutsideTheListFailWith381) {
@@ -119,23 +82,6 @@ TEST_F(ValueControlsTest, RowsOutsideTheListFailWith381) {
       EXPECT_EQ(f.Number(), 381);
     }
   }
-}
-
-TEST_F(ValueControlsTest, TickingARowTogglesItAndRaisesItemCheck) {
-  auto& list = form.Get<ListBox>("lstSorted");
-  std::vector<std::string> checked;
-  list.ItemCheck = [&](Control&, std::int32_t row) {
-    checked.push_back(std::to_string(row) + (list.Selected(row) ? " on" : " off"));
-  };
-  form.on_load = [&] {
-    list.AddItem(u"one");
-    list.AddItem(u"two");
-  };
-  h.script.Add(Ticked("lstSorted", 1)).Add(Ticked("lstSorted", 1)).Add(Ticked("lstSorted", 0));
-  h.script.Add(Closed());
-  form.Show();
-  EXPECT_THAT(checked, ElementsAre("1 on", "1 off", "0 on"));
-  EXPECT_THAT(h.log.lines, ::testing::Contains("focus frmChoices lstSorted"));
 }
 
 }  // namespace

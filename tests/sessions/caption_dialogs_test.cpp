@@ -1,201 +1,144 @@
-// The dialogs whose name feeds a caption -- option button, command button,
-// frame and label -- as a user meets them: the defaults saved, the caption
-// following the name, and what sets each dialog apart (the kind of Value, the
-// default and cancel flags, the label's alignment, plain caption and tab order).
+// The dialogs whose name feeds a caption -- check box, option button, command
+// button, frame and label -- as a user meets them: the caption following the
+// name, what sets each dialog apart, refusals, and the font chooser.
 #include "sessions/session_harness.hpp"
 
 namespace sessions {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-// The value of one property in a dumped control, or null.
-Json PropertyOf(const Json& control, const std::string& name) {
-  for (const auto& p : control["properties"]) {
-    if (p["name"] == name) return p;
-  }
-  return Json();
-}
-
-class CaptionDialogTest : public SessionTest {
- protected:
-  // The focused control of every state in the last run, in order.
-  Lines FocusTrail() const {
-    Lines trail;
-    for (const auto& e : Events("state")) {
-      for (const auto& c : e["state"]["controls"]) {
-        if (c["focus"].get<bool>()) trail.push_back(c["control"].get<std::string>());
-      }
-    }
-    return trail;
-  }
-
-  // Drops a control of `cls` on Form1 and runs `user` in its dialog.
-  void Drop(const std::string& cls, const std::string& user, const std::string& after = "") {
-    Run(std::string(kConnected) + "drop " + cls + "\n" + user + after);
-  }
+// Name and caption after typing: "txtName | txtCaption", the caption's
+// selection in brackets, "-" for a dialog without a caption field.
+struct LinkCase {
+  const char* label;
+  const char* what;
+  const char* user;
+  const char* fields;
 };
 
-// ---------------------------------------------------------------------------
-// Shared by the four: the title, the prefix, the defaults written in order and
-// kind, and the caption built from the name.
+class NameLinkTest : public SessionTest, public ::testing::WithParamInterface<LinkCase> {};
 
-struct CaptionCase {
-  const char* cls;
-  const char* title;
-  const char* prefix;
-  Lines defaults;       // the writes of a save with every field untouched
-  const char* caption;  // txtCaption after typing "Go" and a space into the name
-};
-
-void PrintTo(const CaptionCase& c, std::ostream* os) { *os << c.cls; }
-
-class CaptionFamilyTest : public CaptionDialogTest,
-                          public ::testing::WithParamInterface<CaptionCase> {};
-
-TEST_P(CaptionFamilyTest, SavingTheDefaultsWritesEachPropertyInOrderWithItsKind) {
-  const CaptionCase& c = GetParam();
-  Drop(c.cls, "state\nkey Enter\n");
-  const auto shown = Events("form_shown");
-  ASSERT_EQ(shown.size(), 1u);
-  EXPECT_EQ(shown[0]["caption"], c.title);
-  EXPECT_EQ(Control("txtName")["text"], c.prefix);
-  EXPECT_TRUE(Control("txtName")["focus"].get<bool>());
-  EXPECT_EQ(Control("txtCaption")["text"], "") << "the default name is no change";
-  EXPECT_EQ(Writes(), c.defaults) << "no Index and no Tag when their fields are empty";
-  EXPECT_EQ(Events("font_write").size(), 6u);
-  EXPECT_EQ(Events("form_closed").size(), 1u);
-}
-
-TEST_P(CaptionFamilyTest, TheCaptionFollowsTheNameAndTakesItsSpaces) {
-  const CaptionCase& c = GetParam();
-  Drop(c.cls, "type \"Go \"\nstate\nkey Esc\n");
-  EXPECT_EQ(Control("txtName")["text"], std::string(c.prefix) + "Go");
-  EXPECT_EQ(Control("txtCaption")["text"], c.caption);
-  EXPECT_TRUE(Writes().empty()) << "Esc writes nothing";
+TEST_P(NameLinkTest, TheCaptionFollowsTheName) {
+  Drop(GetParam().what, std::string(GetParam().user) + "state\nkey Esc\n");
+  std::string caption = "-";
+  if (const Json field = Control("txtCaption"); !field.is_null()) {
+    caption = field["text"];
+    const std::size_t start = field["sel_start"], length = field["sel_length"];
+    if (length > 0) caption = caption.insert(start + length, "]").insert(start, "[");
+  }
+  EXPECT_EQ(Control("txtName")["text"].get<std::string>() + " | " + caption, GetParam().fields);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    CaptionDialogs, CaptionFamilyTest,
+    Dialogs, NameLinkTest,
     ::testing::Values(
-        CaptionCase{"OptionButton",
-                    "New OptionButton Control",
-                    "opt",
-                    {"opt.Name=opt:text", "opt.Enabled=true:boolean", "opt.Visible=true:boolean",
-                     "opt.Caption=:text", "opt.Value=false:boolean", "font"},
-                    "&Go "},
-        CaptionCase{
-            "CommandButton",
-            "New CommandButton Control",
-            "cmd",
-            {"cmd.Name=cmd:text", "cmd.Enabled=true:boolean", "cmd.Visible=true:boolean",
-             "cmd.Caption=:text", "cmd.Default=false:boolean", "cmd.Cancel=false:boolean", "font"},
-            "&Go "},
-        // A frame has no Value: none is written.
-        CaptionCase{"Frame",
-                    "New Frame Control",
-                    "fra",
-                    {"fra.Name=fra:text", "fra.Enabled=true:boolean", "fra.Visible=true:boolean",
-                     "fra.Caption=:text", "font"},
-                    "&Go "},
-        // The label's alignment is written even untouched, after the font.
-        CaptionCase{"Label",
-                    "New Label Control",
-                    "lbl",
-                    {"lbl.Name=lbl:text", "lbl.Enabled=true:boolean", "lbl.Visible=true:boolean",
-                     "lbl.Caption=:text", "lbl.AutoSize=false:boolean",
-                     "lbl.WordWrap=false:boolean", "font", "lbl.Alignment=0:integer16"},
-                    "Go "}));
+        // A typed space or dot goes to the caption; the next letter rebuilds it.
+        LinkCase{"SpacesAndDotsFeedTheCaption", "CheckBox", "type \"Save\"\n", "chkSave | [&Save]"},
+        LinkCase{"ASpaceStaysInTheCaption", "OptionButton", "type \"Go \"\n", "optGo | &Go "},
+        LinkCase{"TheNextLetterRebuildsIt", "CheckBox", "type \"Save as.\"\n",
+                 "chkSaveas | &Saveas."},
+        LinkCase{"CommandButton", "CommandButton", "type \"Go\"\n", "cmdGo | [&Go]"},
+        LinkCase{"Frame", "Frame", "type \"Go\"\n", "fraGo | [&Go]"},
+        // The first three characters are cut whatever they are.
+        LinkCase{"TheCutIgnoresThePrefix", "CheckBox", "key Home\nkey Delete 3\ntype \"OK\"\n",
+                 "OK | [&]"},
+        // A label's caption has no access key, and no lone "&" for a short name.
+        LinkCase{"LabelPlain", "Label", "type \"Total\"\n", "lblTotal | [Total]"},
+        LinkCase{"LabelShortName", "Label", "key Backspace\n", "lb | "},
+        LinkCase{"TextBoxFeedsNothing", "TextBox", "type \"Body.Text x\"\n", "txtBodyTextx | -"},
+        // Forty characters at most: the last 11 x are cut.
+        LinkCase{"OtherTakesFortyCharacters", "PictureBox",
+                 "type \"pic.Logo Mainxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\"\n",
+                 "picLogoMainxxxxxxxxxxxxxxxxxxxxxxxxxxxxx | -"}),
+    ByLabel());
 
-// ---------------------------------------------------------------------------
-// Option button: Value is a Boolean.
+const SaveCase kSaves[] = {
+    {"CheckBoxOptionsAndTag", "CheckBox",
+     "type \"Done\"\nclick chkEnabled\nclick chkVisible\nclick chkChecked\nclick txtTag\n"
+     "type \" keep \"\nkey Enter\n",
+     "chkDone.Name=chkDone:text, Enabled=false:boolean, Visible=false:boolean, "
+     "Caption=&Done:text, Value=1:integer16, font, Tag= keep :text"},
+    {"CheckBoxRefusedCaption", "CheckBox", "type \"Done\"\nkey Enter\nanswer OK\n",
+     "chkDone.Name=chkDone:text, Enabled=true:boolean, Visible=true:boolean, "
+     "Caption!=&Done:text; open at txtCaption",
+     "refuse chkDone Caption \"Caption too long\"\n"},
+    // An empty name is passed on for the IDE to refuse.
+    {"CheckBoxEmptyName", "CheckBox", "key Backspace 3\nkey Enter\nanswer OK\n",
+     "Check1.Name!=:text; open at txtName"},
+    {"CheckBoxCancel", "CheckBox", "type \"Done\"\nclick CancelButton\n", ""},
+    {"CheckBoxCloseBox", "CheckBox", "type \"Done\"\nclose\n", ""},
+    // A refused font stops the save in silence, the focus where it was.
+    {"CheckBoxRefusedFont", "CheckBox", "click txtTag\ntype \"t\"\nkey Enter\n",
+     "chk.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+     "Value=0:integer16, font; open at txtTag",
+     "refuse chk Font \"No fonts today\"\n"},
+    // An option button's Value is a Boolean.
+    {"OptionButtonSelected", "OptionButton", "type \"Yes\"\nclick chkChecked\nkey Enter\n",
+     "optYes.Name=optYes:text, Enabled=true:boolean, Visible=true:boolean, "
+     "Caption=&Yes:text, Value=true:boolean, font"},
+    // Default then Cancel, unrelated to each other.
+    {"CommandButtonDefaultAndCancel", "CommandButton",
+     "type \"OK\"\nclick chkCancel\nclick chkDefault\nkey Enter\n",
+     "cmdOK.Name=cmdOK:text, Enabled=true:boolean, Visible=true:boolean, Caption=&OK:text, "
+     "Default=true:boolean, Cancel=true:boolean, font"},
+    {"FrameEverythingChanged", "Frame",
+     "type \"Main\"\nclick chkEnabled\nclick chkVisible\nclick txtIndex\ntype \"x3\"\n"
+     "click txtTag\ntype \" t \"\nkey Enter\n",
+     "fraMain.Name=fraMain:text, Enabled=false:boolean, Visible=false:boolean, "
+     "Caption=&Main:text, font, fraMain(3).Index=3:text, Tag= t :text"},
+    // The buttons stand left, centre, right; Alignment numbers them 0, 2, 1.
+    // One box set: each write reads its own box.
+    {"LabelRightAutoSize", "Label", "click chkAutoSize\nclick optRight\nclick OKButton\n",
+     "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+     "AutoSize=true:boolean, WordWrap=false:boolean, font, Alignment=1:integer16"},
+    {"LabelRefusedAlignment", "Label", "type \"Sum\"\nclick optRight\nclick OKButton\nanswer OK\n",
+     "lblSum.Name=lblSum:text, Enabled=true:boolean, Visible=true:boolean, Caption=Sum:text, "
+     "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment!=1:integer16; "
+     "open at optRight",
+     "refuse lblSum Alignment \"Not here\"\n"},
+};
+SAVE_CASES(CaptionDialogs, kSaves);
 
-TEST_F(CaptionDialogTest, ASelectedOptionButtonIsWrittenTrueNotOne) {
-  Drop("OptionButton", "type \"Yes\"\nclick chkChecked\nkey Enter\n", "dump\n");
-  EXPECT_EQ(Writes(), (Lines{"optYes.Name=optYes:text", "optYes.Enabled=true:boolean",
-                             "optYes.Visible=true:boolean", "optYes.Caption=&Yes:text",
-                             "optYes.Value=true:boolean", "font"}));
-  const Json value = PropertyOf(Dumped("optYes"), "Value");
-  EXPECT_EQ(value["kind"], "boolean");
-  EXPECT_EQ(value["value"], true);
-}
-
-// ---------------------------------------------------------------------------
-// Command button: Default then Cancel, unrelated to each other.
-
-TEST_F(CaptionDialogTest, DefaultAndCancelMayBothBeSetAndGoInThatOrder) {
-  Drop("CommandButton", "type \"OK\"\nclick chkCancel\nclick chkDefault\nkey Enter\n", "dump\n");
-  EXPECT_EQ(Writes(), (Lines{"cmdOK.Name=cmdOK:text", "cmdOK.Enabled=true:boolean",
-                             "cmdOK.Visible=true:boolean", "cmdOK.Caption=&OK:text",
-                             "cmdOK.Default=true:boolean", "cmdOK.Cancel=true:boolean", "font"}));
-  EXPECT_EQ(PropertyOf(Dumped("cmdOK"), "Default")["value"], true);
-  EXPECT_EQ(PropertyOf(Dumped("cmdOK"), "Cancel")["value"], true);
-}
-
-// ---------------------------------------------------------------------------
-// Frame: the whole set with every option changed.
-
-TEST_F(CaptionDialogTest, AFrameWritesItsOptionsIndexAndTagButNoValue) {
-  Drop("Frame",
-       "type \"Main\"\nclick chkEnabled\nclick chkVisible\nclick txtIndex\ntype \"x3\"\n"
-       "click txtTag\ntype \" t \"\nkey Enter\n");
-  EXPECT_EQ(Writes(), (Lines{"fraMain.Name=fraMain:text", "fraMain.Enabled=false:boolean",
-                             "fraMain.Visible=false:boolean", "fraMain.Caption=&Main:text", "font",
-                             "fraMain(3).Index=3:text", "fraMain(3).Tag= t :text"}));
-}
-
-// ---------------------------------------------------------------------------
-// Label: plain caption, alignment from the selected button's Tag, tab order.
-
-TEST_F(CaptionDialogTest, TheLabelCaptionHasNoAccessKeyAndIsEmptyForShortNames) {
-  Drop("Label", "type \"Total\"\nstate\n", "key Esc\n");
-  EXPECT_EQ(Control("txtCaption")["text"], "Total");
-  EXPECT_EQ(Control("txtCaption")["sel_length"], 5) << "the whole caption is selected";
-  Drop("Label", "key Backspace\nstate\n", "key Esc\n");
-  EXPECT_EQ(Control("txtName")["text"], "lb");
-  EXPECT_EQ(Control("txtCaption")["text"], "") << "no lone \"&\" as in the other three";
-}
-
-TEST_F(CaptionDialogTest, AlignmentComesFromTheSelectedButtonsTag) {
-  // The buttons stand left, centre, right; Alignment numbers them 0, 2, 1.
-  for (const auto& [button, written] :
-       {std::pair{"optLeft", "0"}, std::pair{"optCenter", "2"}, std::pair{"optRight", "1"}}) {
-    Drop("Label", std::string("click ") + button + "\nclick OKButton\n");
-    const Lines writes = Writes();
-    ASSERT_EQ(writes.size(), 8u) << button;
-    EXPECT_EQ(writes[6], "font") << button;
-    EXPECT_EQ(writes[7], std::string("lbl.Alignment=") + written + ":integer16") << button;
+class CaptionDialogTest : public SessionTest {
+ protected:
+  // The six writes of the font stage.
+  std::string FontWrites() const {
+    std::string out;
+    for (const auto& e : Events("font_write")) {
+      out += (out.empty() ? "" : ", ") + e["property"].get<std::string>() + "=" +
+             (e["value"].is_string() ? e["value"].get<std::string>() : e["value"].dump()) + ":" +
+             e["kind"].get<std::string>();
+    }
+    return out;
   }
+};
+
+TEST_F(CaptionDialogTest, TheDefaultFontIsShownAndAChosenOneReachesTheControl) {
+  // Enter would press the focused font button again: the user clicks Save.
+  Drop("CheckBox", "state\nclick cmdFont\nfont choose name=Arial size=12 bold\nclick OKButton\n");
+  EXPECT_EQ(Control("txtFont")["text"], "Times New Roman");
+  EXPECT_FALSE(Control("txtFont")["enabled"].get<bool>());
+  const auto service = Events("font_service");
+  ASSERT_EQ(service.size(), 1u);
+  EXPECT_EQ(service[0]["given"]["name"], "Times New Roman");
+  EXPECT_EQ(service[0]["given"]["size"], 10.0);
+  EXPECT_EQ(FontWrites(),
+            "Name=Arial:text, Bold=true:boolean, Italic=false:boolean, Size=12:integer16, "
+            "Strikethrough=false:boolean, Underline=false:boolean");
+  Drop("CheckBox", "click cmdFont\nfont choose name=Arial\nstate\nkey Esc\n");
+  EXPECT_EQ(Control("txtFont")["text"], "Arial");
 }
 
-TEST_F(CaptionDialogTest, AutoSizeAndWordWrapAreWrittenInThatOrder) {
-  // One box set: each write must read its own box.
-  Drop("Label", "click chkAutoSize\nclick OKButton\n");
-  const Lines writes = Writes();
-  ASSERT_GE(writes.size(), 6u);
-  EXPECT_EQ(writes[4], "lbl.AutoSize=true:boolean");
-  EXPECT_EQ(writes[5], "lbl.WordWrap=false:boolean");
-}
-
-TEST_F(CaptionDialogTest, ARefusedAlignmentKeepsTheFontAndFocusesTheSelectedButton) {
-  Run(std::string(kConnected) +
-      "refuse lblSum Alignment \"Not here\"\n"
-      "drop Label\ntype \"Sum\"\nclick optRight\nclick OKButton\nanswer OK\nstate\n"
-      "key Esc\ndump\n");
-  ASSERT_EQ(Events("msgbox").size(), 1u);
-  EXPECT_EQ(Writes(), (Lines{"lblSum.Name=lblSum:text", "lblSum.Enabled=true:boolean",
-                             "lblSum.Visible=true:boolean", "lblSum.Caption=Sum:text",
-                             "lblSum.AutoSize=false:boolean", "lblSum.WordWrap=false:boolean",
-                             "font", "lblSum.Alignment!=1:integer16"}));
-  EXPECT_TRUE(Control("optRight")["focus"].get<bool>());
-  EXPECT_TRUE(Control("optRight")["value"].get<bool>()) << "the choice survives the refusal";
-  const Json label = Dumped("lblSum");
-  EXPECT_EQ(label["font"]["name"], "Times New Roman") << "the font stage came before";
-  EXPECT_EQ(PropertyOf(label, "Alignment")["value"], 0) << "as the IDE made it";
+TEST_F(CaptionDialogTest, AFractionalSizeIsRoundedHalfToEven) {
+  Drop("CheckBox",
+       "click cmdFont\nfont choose size=9.75\nclick cmdFont\nfont cancel\nclick OKButton\n");
+  const auto service = Events("font_service");
+  ASSERT_EQ(service.size(), 2u);
+  EXPECT_EQ(service[1]["given"]["size"], 10.0) << "the record holds 10 after 9.75";
+  EXPECT_EQ(Events("font_write")[3]["value"], 10);
 }
 
 TEST_F(CaptionDialogTest, TheLabelTabsFromTheCaptionStraightToSave) {
-  Drop("Label", "key Tab\nstate\nkey Tab\nstate\nkey Tab\nstate\nkey Tab\nstate\n", "key Esc\n");
+  Drop("Label", "key Tab\nstate\nkey Tab\nstate\nkey Tab\nstate\nkey Tab\nstate\nkey Esc\n");
   EXPECT_EQ(FocusTrail(), (Lines{"txtCaption", "OKButton", "optLeft", "chkEnabled"}));
 }
 

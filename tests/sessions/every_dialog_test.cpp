@@ -1,92 +1,157 @@
-// What every property dialog shares, one case a dialog: a refused write shows
-// the message box, stops the save with the earlier writes kept, puts the focus
-// on the field named for it, leaves the dialog open, and a second OK starts
-// again from the first write.
+// What every property dialog does, one row a dialog: its title and name
+// prefix, the writes of a save with every field untouched, and how a refused
+// write stops the save -- the message box, the earlier writes kept, the focus
+// on the field named for it, the dialog left open, and a second OK starting
+// again from the first write. The index field takes digits only everywhere,
+// and a Tag of blanks is not written.
+#include <algorithm>
+
 #include "sessions/session_harness.hpp"
 
 namespace sessions {
 namespace {
 
 struct DialogCase {
-  const char* drop;      // the drop line
-  const char* title;     // the dialog's title
-  const char* prelude;   // user actions before saving
-  const char* renamed;   // the control's name when the refused write comes
-  const char* property;  // the second write, refused once
-  const char* field;     // the field that takes the focus
-  const char* first;     // the first write's property
+  const char* what;
+  const char* title;
+  const char* prefix;      // txtName when the dialog opens
+  const char* defaults;    // the writes of a save with every field untouched
+  const char* index;       // the kind Index goes in
+  const char* typed = "";  // typed into the name before saving
 };
 
-void PrintTo(const DialogCase& c, std::ostream* os) { *os << c.title; }
+class EveryDialogTest : public SessionTest, public ::testing::WithParamInterface<DialogCase> {
+ protected:
+  std::string TypeName() const { return std::string("type \"") + GetParam().typed + "\"\n"; }
+};
 
-class EveryDialogTest : public SessionTest, public ::testing::WithParamInterface<DialogCase> {};
+TEST_P(EveryDialogTest, OpensOnTheNameAndSavesTheDefaults) {
+  const DialogCase& c = GetParam();
+  Drop(c.what, "state\n" + TypeName() + "key Enter\n");
+  EXPECT_EQ(Titles(), Lines{c.title});
+  EXPECT_EQ(Control("txtName")["text"], c.prefix);
+  EXPECT_EQ(Control("txtName")["sel_start"], std::string(c.prefix).size()) << "caret at the end";
+  EXPECT_EQ(Focused(), "txtName");
+  EXPECT_EQ(Writes(), c.defaults) << "no Index and no Tag when their fields are empty";
+  EXPECT_EQ(Events("form_closed").size(), 1u);
+}
 
 TEST_P(EveryDialogTest, ARefusedWriteStopsTheSaveAndASecondSaveStartsOver) {
   const DialogCase& c = GetParam();
-  Run(std::string(kConnected) + "refuse " + c.renamed + " " + c.property + " \"Not today\"\n" +
-      c.drop + "\n" + c.prelude + "key Enter\nanswer OK\nstate\nkey Enter\n");
-
-  const auto shown = Events("form_shown");
-  ASSERT_EQ(shown.size(), 1u);
-  EXPECT_EQ(shown[0]["caption"], c.title);
+  Drop(c.what,
+       TypeName() + "click txtTag\ntype \"  \"\nclick txtIndex\ntype \"x1-\"\nkey Enter\n" +
+           "answer OK\nstate\nkey Enter\n",
+       std::string("refuse ") + c.prefix + c.typed + " Enabled \"Not today\"\n");
   const auto boxes = Events("msgbox");
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0]["text"],
-            std::string("An error occurred trying to set the property value for ") + c.property +
-                ".\r\nThe error was: Not today");
+            "An error occurred trying to set the property value for Enabled.\r\n"
+            "The error was: Not today");
   EXPECT_EQ(boxes[0]["title"], "Invalid Property Value");
   EXPECT_EQ(boxes[0]["buttons"], 64);
-  EXPECT_TRUE(Control(c.field)["focus"].get<bool>()) << "focus on " << c.field;
+  EXPECT_EQ(Focused(), "chkEnabled");
+  EXPECT_EQ(Control("txtIndex")["text"], "1");
 
-  // First attempt: one write, then the refused one; second attempt from the top.
-  std::vector<Json> writes;
+  // The properties written, "!" for the refusal: the second save repeats the
+  // first up to the refused write, which then goes through.
+  Lines writes;
   for (const auto& e : Events("property_write")) {
-    if (e["source"] == "add-in") writes.push_back(e);
+    if (e["source"] != "add-in") continue;
+    writes.push_back(e["property"].get<std::string>() + (e["outcome"] == "ok" ? "" : "!"));
   }
-  ASSERT_GE(writes.size(), 4u);
-  EXPECT_EQ(writes[0]["property"], c.first);
-  EXPECT_EQ(writes[0]["outcome"], "ok");
-  EXPECT_EQ(writes[1]["property"], c.property);
-  EXPECT_EQ(writes[1]["outcome"], "refused");
-  EXPECT_EQ(writes[2]["property"], c.first);
-  EXPECT_EQ(writes[3]["property"], c.property);
-  EXPECT_EQ(writes[3]["outcome"], "ok");
+  const auto refused = std::ranges::find(writes, "Enabled!") - writes.begin();
+  ASSERT_LT(2 * refused + 1, std::ssize(writes)) << "a second save";
+  EXPECT_EQ(Lines(writes.begin(), writes.begin() + refused),
+            Lines(writes.begin() + refused + 1, writes.begin() + 2 * refused + 1));
+  EXPECT_EQ(writes[2 * refused + 1], "Enabled");
+  EXPECT_TRUE(Writes().ends_with(std::string("(1).Index=1:") + c.index))
+      << Writes() << "\nIndex last: a Tag of blanks is not written";
   EXPECT_EQ(Events("form_closed").size(), 1u) << "the second save closes the dialog";
 }
 
 INSTANTIATE_TEST_SUITE_P(
     AllDialogs, EveryDialogTest,
     ::testing::Values(
-        DialogCase{"drop CheckBox", "New CheckBox Control", "", "chk", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop OptionButton", "New OptionButton Control", "", "opt", "Enabled",
-                   "chkEnabled", "Name"},
-        DialogCase{"drop CommandButton", "New CommandButton Control", "", "cmd", "Enabled",
-                   "chkEnabled", "Name"},
-        DialogCase{"drop Frame", "New Frame Control", "", "fra", "Enabled", "chkEnabled", "Name"},
-        DialogCase{"drop Label", "New Label Control", "", "lbl", "Enabled", "chkEnabled", "Name"},
-        DialogCase{"drop TextBox", "New TextBox Control", "", "Text1", "MultiLine", "chkMulti",
-                   "Text"},
-        DialogCase{"drop ComboBox", "New ComboBox Control", "", "cbo", "Text", "txtText", "Name"},
-        DialogCase{"drop ListBox", "New ListBox Control", "", "lst", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop ListView", "New ListView Control", "", "lv", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop TreeView", "New TreeView Control", "", "tv", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop Timer", "New Timer Control", "", "tmr", "Enabled", "chkEnabled", "Name"},
-        DialogCase{"drop MaskEdBox", "New Masked Edit Control", "", "msk", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop RichTextBox", "New Rich Text Box Control", "", "rtf", "Enabled",
-                   "chkEnabled", "Name"},
-        DialogCase{"drop SSTab", "New Tabbed Dialog Control", "", "tab", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop HScrollBar", "New Horizontal Scroll Bar", "", "hsb", "Enabled",
-                   "chkEnabled", "Name"},
-        DialogCase{"drop VScrollBar", "New Vertical Scroll Bar", "", "vsb", "Enabled", "chkEnabled",
-                   "Name"},
-        DialogCase{"drop PictureBox", "New Misc Control", "type \"picLogo\"\n", "picLogo",
-                   "Enabled", "chkEnabled", "Name"}));
+        DialogCase{"CheckBox", "New CheckBox Control", "chk",
+                   "chk.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+                   "Value=0:integer16, font",
+                   "text"},
+        DialogCase{"OptionButton", "New OptionButton Control", "opt",
+                   "opt.Name=opt:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+                   "Value=false:boolean, font",
+                   "text"},
+        DialogCase{"CommandButton", "New CommandButton Control", "cmd",
+                   "cmd.Name=cmd:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+                   "Default=false:boolean, Cancel=false:boolean, font",
+                   "text"},
+        // A frame has no Value: none is written.
+        DialogCase{"Frame", "New Frame Control", "fra",
+                   "fra.Name=fra:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+                   "font",
+                   "text"},
+        // The label's alignment is written even untouched, after the font.
+        DialogCase{"Label", "New Label Control", "lbl",
+                   "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+                   "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment=0:integer16",
+                   "text"},
+        // Text goes first, even empty, while the control still has the IDE's name.
+        DialogCase{"TextBox", "New TextBox Control", "txt",
+                   "Text1.Text=:text, MultiLine=false:boolean, txt.Name=txt:text, "
+                   "Enabled=true:boolean, Visible=true:boolean, font",
+                   "text"},
+        // Visible before Enabled; Text goes also when empty.
+        DialogCase{"ComboBox", "New ComboBox Control", "cbo",
+                   "cbo.Name=cbo:text, Text=:text, Visible=true:boolean, Enabled=true:boolean, "
+                   "Sorted=true:boolean, font, Style=0:integer16",
+                   "text"},
+        // Both groups are written also at their defaults.
+        DialogCase{"ListBox", "New ListBox Control", "lst",
+                   "lst.Name=lst:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "Sorted=true:boolean, font, MultiSelect=0:integer16, Style=0:integer16",
+                   "text"},
+        DialogCase{"ListView", "New ListView Control", "lv",
+                   "lv.Name=lv:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "Sorted=true:boolean, MultiSelect=false:boolean, "
+                   "HideColumnHeaders=false:boolean, font, View=3:integer16",
+                   "text"},
+        // Sorted starts off here, HideSelection on.
+        DialogCase{"TreeView", "New TreeView Control", "tv",
+                   "tv.Name=tv:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "Sorted=false:boolean, FullRowSelect=false:boolean, HideSelection=true:boolean, "
+                   "font, LineStyle=0:integer16",
+                   "text"},
+        // No font and no Visible.
+        DialogCase{"Timer", "New Timer Control", "tmr",
+                   "tmr.Name=tmr:text, Enabled=true:boolean, Interval=500:integer16", "text"},
+        DialogCase{"MaskEdBox", "New Masked Edit Control", "msk",
+                   "msk.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "AllowPrompt=false:boolean, CausesValidation=true:boolean, Mask=:text, "
+                   "PromptChar=_:text, font",
+                   "text"},
+        DialogCase{"RichTextBox", "New Rich Text Box Control", "rtf",
+                   "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "MultiLine=true:boolean, ScrollBars=3:integer16, font",
+                   "integer16"},
+        // Tabs and TabsPerRow go as text.
+        DialogCase{"SSTab", "New Tabbed Dialog Control", "tab",
+                   "tab.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs=3:text, "
+                   "TabsPerRow=3:text, Style=0:integer16, TabOrientation=0:integer16, font",
+                   "integer16"},
+        DialogCase{"HScrollBar", "New Horizontal Scroll Bar", "hsb",
+                   "hsb.Name=hsb:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "Min=0:integer32, Max=32767:integer32, SmallChange=1:integer32, "
+                   "LargeChange=1:integer32",
+                   "integer16"},
+        DialogCase{"VScrollBar", "New Vertical Scroll Bar", "vsb",
+                   "vsb.Name=vsb:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "Min=0:integer32, Max=32767:integer32, SmallChange=1:integer32, "
+                   "LargeChange=1:integer32",
+                   "integer16"},
+        // The general dialog's name starts empty.
+        DialogCase{"PictureBox", "New Misc Control", "",
+                   "picLogo.Name=picLogo:text, Enabled=true:boolean, Visible=true:boolean, font",
+                   "integer16", "picLogo"}),
+    [](const auto& row) { return std::string(row.param.what); });
 
 }  // namespace
 }  // namespace sessions

@@ -1,5 +1,5 @@
 // The options dialog behind the menu entry: what it shows, what it stores,
-// and that the settings survive a restart.
+// that the settings survive a restart, and what each stored flag does.
 #include "sessions/session_harness.hpp"
 
 namespace sessions {
@@ -8,13 +8,17 @@ namespace {
 class OptionsDialogTest : public SessionTest {
  protected:
   static constexpr const char* kOpen = "menu \"&Tessaly Options\"\n";
-  std::vector<Json> Written(const std::string& key) const {
-    std::vector<Json> out;
+  // The settings written in the last run: "key=text" each, those ending in
+  // `end` if given.
+  Lines Written(const std::string& end = "") const {
+    Lines out;
     for (const auto& e : Events("setting_written")) {
-      if (e["key"] == key) out.push_back(e);
+      const std::string line = e["key"].get<std::string>() + "=" + e["text"].get<std::string>();
+      if (line.ends_with(end)) out.push_back(line);
     }
     return out;
   }
+  bool Checked(int row) const { return Control("lstControls")["rows"][row]["checked"]; }
 };
 
 TEST_F(OptionsDialogTest, AnEmptyStoreShowsEveryRowChecked) {
@@ -22,95 +26,64 @@ TEST_F(OptionsDialogTest, AnEmptyStoreShowsEveryRowChecked) {
   const Json rows = Control("lstControls")["rows"];
   ASSERT_EQ(rows.size(), 17u);
   // Sorted by the list; ItemData links each row to its table row.
-  EXPECT_EQ(rows[0]["text"], "CheckBox");
-  EXPECT_EQ(rows[4]["text"], "HScrollBar");
-  EXPECT_EQ(rows[4]["item_data"], 15);
-  EXPECT_EQ(rows[13]["text"], "TextBox");
-  EXPECT_EQ(rows[13]["item_data"], 8);
-  EXPECT_EQ(rows[16]["text"], "VScrollBar");
-  EXPECT_EQ(rows[16]["item_data"], 14);
-  for (const auto& r : rows) EXPECT_TRUE(r["checked"].get<bool>()) << r["text"];
+  std::string shown;
+  for (const auto& r : rows) {
+    shown += r["text"].get<std::string>() + "=" + r["item_data"].dump() + " ";
+    EXPECT_TRUE(r["checked"].get<bool>()) << r["text"];
+  }
+  EXPECT_EQ(shown,
+            "CheckBox=0 ComboBox=1 CommandButton=2 Frame=3 HScrollBar=15 Label=4 ListBox=5 "
+            "ListView=6 Masked Edit Box=11 OptionButton=7 Other Controls=16 RichTextBox=12 "
+            "SSTab (Tabbed Dialog)=13 TextBox=8 Timer=9 TreeView=10 VScrollBar=14 ");
   EXPECT_EQ(Control("chkRemove")["value"], 1);
   EXPECT_EQ(Control("chkRename")["value"], 1);
   EXPECT_EQ(Control("txtFont")["text"], "Times New Roman");
+  EXPECT_FALSE(Control("txtFont")["enabled"].get<bool>());
   EXPECT_TRUE(Events("setting_written").empty());
-  const std::vector<std::pair<const char*, const char*>> captions = {
-      {"lblInstructions", "Select the controls to prompt for:"},
-      {"fraOptions", "Options"},
-      {"chkRemove", "&Remove Code"},
-      {"chkRename", "Rename &Code"},
-      {"cmdOK", "&Ok"},
-      {"cmdPromtAll", "&Promt All"},
-      {"cmdPromptNone", "Prompt &None"},
-      {"Frame1", "Default F&ont"},
-      {"Label1", "Font :"},
-      {"cmdFont", "..."}};
-  for (const auto& [control, caption] : captions) {
+  for (const auto& [control, caption] :
+       {std::pair{"lblInstructions", "Select the controls to prompt for:"},
+        std::pair{"fraOptions", "Options"}, std::pair{"chkRemove", "&Remove Code"},
+        std::pair{"chkRename", "Rename &Code"}, std::pair{"cmdOK", "&Ok"},
+        std::pair{"cmdPromtAll", "&Promt All"}, std::pair{"cmdPromptNone", "Prompt &None"},
+        std::pair{"Frame1", "Default F&ont"}, std::pair{"Label1", "Font :"},
+        std::pair{"cmdFont", "..."}}) {
     EXPECT_EQ(Control(control)["caption"], caption) << control;
   }
-  EXPECT_FALSE(Control("txtFont")["enabled"].get<bool>());
 }
 
 TEST_F(OptionsDialogTest, UncheckingTextBoxStoresItsTableRowAndSurvivesARestart) {
   Run(std::string(kConnected) + kOpen + "tick lstControls 13\nclick cmdOK\n");
-  const auto writes = Events("setting_written");
-  ASSERT_EQ(writes.size(), 17u);
-  ASSERT_EQ(Written("UseCtl8").size(), 1u);
-  EXPECT_EQ(Written("UseCtl8")[0]["text"], "0");
-  EXPECT_EQ(Written("UseCtl0")[0]["text"], "-1");
-  // A new session: the flag is read back and the row comes up unchecked.
+  EXPECT_EQ(Written("=-1").size(), 16u);
+  EXPECT_EQ(Written("=0"), Lines{"UseCtl8=0"});
+  // A new session: the row comes up unchecked.
   Run(std::string(kConnected) + kOpen + "state\nclose\n");
-  for (const auto& r : Events("setting_read")) {
-    if (r["key"] == "UseCtl8") {
-      EXPECT_EQ(r["text"], "0");
-    }
-  }
-  EXPECT_FALSE(Control("lstControls")["rows"][13]["checked"].get<bool>());
-  EXPECT_TRUE(Control("lstControls")["rows"][12]["checked"].get<bool>());
+  EXPECT_FALSE(Checked(13));
+  EXPECT_TRUE(Checked(12));
 }
 
-TEST_F(OptionsDialogTest, PromptNoneThenClosingChangesNothing) {
-  Run(std::string(kConnected) + kOpen + "click cmdPromptNone\nstate\nclose\n" + kOpen +
-      "state\nclose\n");
-  EXPECT_TRUE(Events("setting_written").empty());
-  EXPECT_TRUE(Control("lstControls")["rows"][0]["checked"].get<bool>());
-}
-
-TEST_F(OptionsDialogTest, PromptAllAndNoneChangeEveryRow) {
-  Run(std::string(kConnected) + kOpen + "click cmdPromptNone\ntick lstControls 2\nclick cmdOK\n");
-  int on = 0;
-  for (const auto& w : Events("setting_written")) on += w["text"] == "-1";
-  EXPECT_EQ(on, 1);
-  EXPECT_EQ(Written("UseCtl2")[0]["text"], "-1");
-  Run(std::string(kConnected) + "drop CheckBox\n" + kOpen + "click cmdPromtAll\nclick cmdOK\n");
-  EXPECT_TRUE(Events("form_shown")[0]["caption"] == "Tessaly Options")
-      << "the check box flag was off";
-  for (const auto& w : Events("setting_written")) EXPECT_EQ(w["text"], "-1");
+TEST_F(OptionsDialogTest, PromptAllAndNoneChangeEveryRowButOnlyOkStores) {
+  Run(std::string(kConnected) + kOpen + "click cmdPromptNone\nclose\n" + kOpen +
+      "state\nclick cmdPromptNone\ntick lstControls 2\nclick cmdOK\n");
+  EXPECT_TRUE(Checked(0)) << "closing stored nothing";
+  EXPECT_EQ(Written("=0").size(), 16u);
+  EXPECT_EQ(Written("=-1"), Lines{"UseCtl2=-1"}) << "row 2 is CommandButton";
+  Run(std::string(kConnected) + kOpen + "click cmdPromtAll\nclick cmdOK\n");
+  EXPECT_EQ(Written("=-1").size(), 17u);
 }
 
 TEST_F(OptionsDialogTest, TheCodeFlagsAreStoredAtOnceAndKeptWhenClosed) {
   Run(std::string(kConnected) + kOpen + "click chkRename\nclose\n");
-  ASSERT_EQ(Written("RenameCode").size(), 1u);
-  EXPECT_EQ(Written("RenameCode")[0]["text"], "0");
-  // Next time the box comes up clear; setting it to 0 stores "0" again.
+  EXPECT_EQ(Written(), Lines{"RenameCode=0"});
+  // Next time the box comes up clear, and setting it so stores "0" again.
   Run(std::string(kConnected) + kOpen + "state\nclose\n");
   EXPECT_EQ(Control("chkRename")["value"], 0);
-  ASSERT_EQ(Written("RenameCode").size(), 1u);
-  EXPECT_EQ(Written("RenameCode")[0]["text"], "0");
-  EXPECT_TRUE(Written("RemoveCode").empty());
+  EXPECT_EQ(Written(), Lines{"RenameCode=0"});
 }
 
 TEST_F(OptionsDialogTest, CancellingTheFontServiceStoresTheDefaults) {
   Run(std::string(kConnected) + kOpen + "click cmdFont\nfont cancel\nclose\n");
-  const std::vector<std::pair<std::string, std::string>> expected = {
-      {"FontName", "Times New Roman"}, {"FontSize", "10"},         {"FontBold", "False"},
-      {"FontItalic", "False"},         {"FontUnderline", "False"}, {"FontStrikeThru", "False"}};
-  const auto writes = Events("setting_written");
-  ASSERT_EQ(writes.size(), expected.size());
-  for (std::size_t i = 0; i < expected.size(); ++i) {
-    EXPECT_EQ(writes[i]["key"], expected[i].first);
-    EXPECT_EQ(writes[i]["text"], expected[i].second);
-  }
+  EXPECT_EQ(Written(), (Lines{"FontName=Times New Roman", "FontSize=10", "FontBold=False",
+                              "FontItalic=False", "FontUnderline=False", "FontStrikeThru=False"}));
 }
 
 TEST_F(OptionsDialogTest, AChosenFontKeepsItsFractionAndPropertyDialogsRoundIt) {
@@ -118,9 +91,11 @@ TEST_F(OptionsDialogTest, AChosenFontKeepsItsFractionAndPropertyDialogsRoundIt) 
       "click cmdFont\nfont choose name=Arial size=10.5 italic\nstate\nclose\n"
       "drop CheckBox\nkey Enter\n" +
       kOpen + "click cmdFont\nfont cancel\nclose\n");
-  EXPECT_EQ(Written("FontSize")[0]["text"], "10.5");
-  EXPECT_EQ(Written("FontItalic")[0]["text"], "True");
   EXPECT_EQ(Control("txtFont")["text"], "Arial");
+  const Lines written = Written();
+  ASSERT_EQ(written.size(), 12u);
+  EXPECT_EQ(written[1], "FontSize=10.5");
+  EXPECT_EQ(written[3], "FontItalic=True");
   const auto fonts = Events("font_write");
   ASSERT_EQ(fonts.size(), 6u);
   EXPECT_EQ(fonts[0]["value"], "Arial");
@@ -129,6 +104,35 @@ TEST_F(OptionsDialogTest, AChosenFontKeepsItsFractionAndPropertyDialogsRoundIt) 
   // The service gets the stored fraction, unrounded.
   EXPECT_EQ(Events("font_service")[1]["given"]["size"], 10.5);
 }
+
+// A flag stored off: of the controls dropped, only the last opens its dialog.
+struct FlagCase {
+  const char* flag;
+  const char* drops;
+  const char* shown;
+};
+
+void PrintTo(const FlagCase& c, std::ostream* os) { *os << c.flag; }
+
+class PromptFlagTest : public SessionTest, public ::testing::WithParamInterface<FlagCase> {};
+
+TEST_P(PromptFlagTest, AFlagOffKeepsItsDialogsClosed) {
+  const FlagCase& c = GetParam();
+  Run(std::string("store Vorrel Options ") + c.flag + " 0\n" + kConnected + c.drops + "key Esc\n");
+  EXPECT_EQ(Titles(), Lines{c.shown});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Flags, PromptFlagTest,
+    ::testing::Values(
+        FlagCase{"UseCtl0", "drop CheckBox\ndrop Label\n", "New Label Control"},
+        // The scroll bars' rows stand crossed over: HScrollBar 15, VScrollBar 14.
+        FlagCase{"UseCtl15", "drop HScrollBar\ndrop VScrollBar\n", "New Vertical Scroll Bar"},
+        FlagCase{"UseCtl14", "drop VScrollBar\ndrop HScrollBar\n", "New Horizontal Scroll Bar"},
+        FlagCase{"UseCtl16",
+                 "drop PictureBox\ndrop Line\ndrop-exact MSComCtl2.DTPicker dtpWhen\n"
+                 "drop-exact checkbox chkLower\ndrop CheckBox\n",
+                 "New CheckBox Control"}));
 
 }  // namespace
 }  // namespace sessions

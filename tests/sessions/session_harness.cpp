@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "sessions/session_harness.hpp"
 
-#include <fstream>
 #include <random>
 
 namespace sessions {
@@ -30,19 +27,47 @@ std::vector<Json> SessionTest::Run(const std::string& script, std::string* error
   options.ide = ide_options_;
   options.addin = [](forms::Runtime& runtime) { return tessaly::MakeConnectFactory(runtime); };
   trace_.clear();
-  {
-    session::Session session(std::move(options));
-    try {
-      session.Run(session::ParseScript(script, "test"));
-      if (error) error->clear();
-    } catch (const std::exception& e) {
-      if (!error) ADD_FAILURE() << "session failed: " << e.what() << "\n" << transcript.str();
-      if (error) *error = e.what();
-    }
-    for (const auto& e : session.GetTrace().Events()) trace_.push_back(e);
+  if (error) error->clear();
+  session::Session session(std::move(options));
+  try {
+    session.Run(session::ParseScript(script, "test"));
+  } catch (const std::exception& e) {
+    if (!error) ADD_FAILURE() << "session failed: " << e.what() << "\n" << transcript.str();
+    if (error) *error = e.what();
   }
-  transcript_ = transcript.str();
+  for (const auto& e : session.GetTrace().Events()) trace_.push_back(e);
   return trace_;
+}
+
+namespace {
+
+std::string DropScript(const std::string& what, const std::string& user, const std::string& setup) {
+  const bool exact = what.find(' ') != std::string::npos;
+  return kConnected + setup + (exact ? "drop-exact " : "drop ") + what + "\n" + user;
+}
+
+// The control with the focus in a state dump, or "".
+std::string FocusIn(const Json& state) {
+  if (state.is_null()) return "";
+  for (const auto& c : state["controls"]) {
+    if (c["focus"].get<bool>()) return c["control"];
+  }
+  return "";
+}
+
+}  // namespace
+
+void SessionTest::Drop(const std::string& what, const std::string& user, const std::string& setup) {
+  Run(DropScript(what, user, setup));
+}
+
+std::string SessionTest::Save(const std::string& what, const std::string& user,
+                              const std::string& setup) {
+  std::string error;
+  Run(DropScript(what, user + "state\n", setup), &error);
+  if (error.empty()) return Writes();
+  if (error.starts_with("script ended while dialog")) return Writes() + "; open at " + Focused();
+  return Writes() + "; " + error;
 }
 
 std::vector<Json> SessionTest::Events(const std::string& event) const {
@@ -53,48 +78,53 @@ std::vector<Json> SessionTest::Events(const std::string& event) const {
   return out;
 }
 
-std::vector<std::string> SessionTest::Writes() const {
-  std::vector<std::string> out;
-  bool in_font = false;
+std::string SessionTest::Writes() const {
+  std::string out, last_control, last_event;
   for (const auto& e : trace_) {
-    if (e["event"] == "font_write") {
-      if (!in_font) out.push_back("font");
-      in_font = true;
-      continue;
-    }
-    in_font = false;
-    if (e["event"] != "property_write" || e["source"] != "add-in") continue;
-    std::string control = e["control"].get<std::string>();
+    const std::string event = e["event"];
+    if (event == "font_write" && last_event != "font_write") out += ", font";
+    if (event == "font_write" || event == "property_write") last_event = event;
+    if (event != "property_write" || e["source"] != "add-in") continue;
+    std::string control = e["control"];
     control = control.substr(control.find('.') + 1);
-    std::string value = e["value"].is_string() ? e["value"].get<std::string>() : e["value"].dump();
-    out.push_back(control + "." + e["property"].get<std::string>() +
-                  (e["outcome"] == "ok" ? "=" : "!=") + value + ":" + e["kind"].get<std::string>());
+    out += ", " + (control == last_control ? "" : control + ".") +
+           e["property"].get<std::string>() + (e["outcome"] == "ok" ? "=" : "!=") +
+           (e["value"].is_string() ? e["value"].get<std::string>() : e["value"].dump()) + ":" +
+           e["kind"].get<std::string>();
+    last_control = control;
   }
+  return out.empty() ? out : out.substr(2);
+}
+
+Lines SessionTest::Titles() const {
+  Lines out;
+  for (const auto& e : Events("form_shown")) out.push_back(e["caption"]);
   return out;
 }
 
 Json SessionTest::Control(const std::string& path) const {
-  for (auto it = trace_.rbegin(); it != trace_.rend(); ++it) {
-    if ((*it)["event"] != "state") continue;
-    for (const auto& c : (*it)["state"]["controls"]) {
-      if (c["control"] == path) return c;
-    }
-    return Json();
+  const auto states = Events("state");
+  if (states.empty() || states.back()["state"].is_null()) return Json();
+  for (const auto& c : states.back()["state"]["controls"]) {
+    if (c["control"] == path) return c;
   }
   return Json();
 }
 
-Json SessionTest::Dumped(const std::string& control) const {
-  for (auto it = trace_.rbegin(); it != trace_.rend(); ++it) {
-    if ((*it)["event"] != "dump") continue;
-    for (const auto& form : (*it)["project"]["forms"]) {
-      for (const auto& c : form["controls"]) {
-        if (c["name"] == control) return c;
-      }
-    }
-    return Json();
-  }
-  return Json();
+std::string SessionTest::Focused() const {
+  const auto states = Events("state");
+  return states.empty() ? "" : FocusIn(states.back()["state"]);
+}
+
+Lines SessionTest::FocusTrail() const {
+  Lines trail;
+  for (const auto& e : Events("state")) trail.push_back(FocusIn(e["state"]));
+  return trail;
+}
+
+TEST_P(SaveTest, WritesWhatTheUserLeft) {
+  const SaveCase& c = GetParam();
+  EXPECT_EQ(Save(c.what, c.user, c.setup), c.outcome);
 }
 
 }  // namespace sessions

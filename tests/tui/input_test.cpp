@@ -89,8 +89,6 @@ struct ChoiceCase {
   std::size_t chosen;
 };
 
-void PrintTo(const ChoiceCase& c, std::ostream* os) { *os << c.name; }
-
 class Choices : public ::testing::TestWithParam<ChoiceCase> {};
 
 TEST_P(Choices, PressesMoveTheChoiceOrAnswer) {
@@ -105,43 +103,31 @@ TEST_P(Choices, PressesMoveTheChoiceOrAnswer) {
   EXPECT_EQ(choice.Chosen(), c.chosen);
 }
 
-using FK = forms::Key;
+const Input kEnter = Input::Pressed(forms::Key::Enter), kEsc = Input::Pressed(forms::Key::Escape),
+            kTab = Input::Pressed(forms::Key::Tab), kLeft = Input::Pressed(forms::Key::Left),
+            kRight = Input::Pressed(forms::Key::Right);
+
 INSTANTIATE_TEST_SUITE_P(
     Keys, Choices,
     ::testing::Values(
-        ChoiceCase{"EnterAnswers", forms::vbOKCancel, {Input::Pressed(FK::Enter)}, forms::vbOK, 0},
-        ChoiceCase{"RightMoves",
-                   forms::vbYesNoCancel,
-                   {Input::Pressed(FK::Right), Input::Pressed(FK::Enter)},
-                   forms::vbNo,
-                   1},
-        ChoiceCase{"LeftWraps", forms::vbYesNo, {Input::Pressed(FK::Left)}, std::nullopt, 1},
-        ChoiceCase{"TabWalksRound",
-                   forms::vbYesNoCancel,
-                   {Input::Pressed(FK::Tab), Input::Pressed(FK::Tab), Input::Pressed(FK::Tab)},
-                   std::nullopt,
-                   0},
-        ChoiceCase{"EscCancels",
-                   forms::vbYesNoCancel | forms::vbQuestion,
-                   {Input::Pressed(FK::Escape)},
-                   forms::vbCancel,
-                   0},
-        // Esc has nothing to answer with Yes and No alone.
+        ChoiceCase{"EnterAnswers", forms::vbOKCancel, {kEnter}, forms::vbOK, 0},
+        ChoiceCase{"RightMoves", forms::vbYesNoCancel, {kRight, kEnter}, forms::vbNo, 1},
+        ChoiceCase{"LeftWraps", forms::vbYesNo, {kLeft}, std::nullopt, 1},
+        ChoiceCase{"TabWalksRound", forms::vbYesNoCancel, {kTab, kTab, kTab}, std::nullopt, 0},
         ChoiceCase{
-            "EscWithoutCancel", forms::vbYesNo, {Input::Pressed(FK::Escape)}, std::nullopt, 0},
-        ChoiceCase{"EscOnOkOnly", forms::vbOKOnly, {Input::Pressed(FK::Escape)}, forms::vbOK, 0},
+            "EscCancels", forms::vbYesNoCancel | forms::vbQuestion, {kEsc}, forms::vbCancel, 0},
+        // Esc has nothing to answer with Yes and No alone.
+        ChoiceCase{"EscWithoutCancel", forms::vbYesNo, {kEsc}, std::nullopt, 0},
+        ChoiceCase{"EscOnOkOnly", forms::vbOKOnly, {kEsc}, forms::vbOK, 0},
         ChoiceCase{
             "LetterAnswers", forms::vbAbortRetryIgnore, {Input::Typed(u'i')}, forms::vbIgnore, 0},
         ChoiceCase{"AltLetterAnswers", forms::vbYesNo, {Input::AltLetter(u'N')}, forms::vbNo, 0},
         ChoiceCase{"SpacePresses", forms::vbRetryCancel, {Input::Typed(u' ')}, forms::vbRetry, 0},
         // The default-button bits choose the second or third button first.
-        ChoiceCase{"SecondDefault",
-                   forms::vbYesNoCancel | 256,
-                   {Input::Pressed(FK::Enter)},
-                   forms::vbNo,
-                   1},
+        ChoiceCase{"SecondDefault", forms::vbYesNoCancel | 256, {kEnter}, forms::vbNo, 1},
         ChoiceCase{"ThirdDefault", forms::vbYesNoCancel | 512, {}, std::nullopt, 2},
-        ChoiceCase{"NoThirdButton", forms::vbOKOnly | 512, {}, std::nullopt, 0}));
+        ChoiceCase{"NoThirdButton", forms::vbOKOnly | 512, {}, std::nullopt, 0}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
 }  // namespace tui

@@ -7,8 +7,7 @@
 #include "packaging/registration_record.hpp"
 #include "win32/com_errors.hpp"
 #include "win32/dispatch_args.hpp"
-#include "win32/dispatch_object.hpp"
-#include "win32/module.hpp"
+#include "win32/ide_adapters.hpp"
 
 namespace win32 {
 namespace {
@@ -27,11 +26,7 @@ constexpr NamedMethod kMethods[] = {
 
 ConnectObject::ConnectObject()
     : runtime_(frontend_, store_, packaging::Registration().project.name),
-      addin_(tessaly::MakeConnectFactory(runtime_)()) {
-  AddModuleRef();
-}
-
-ConnectObject::~ConnectObject() { ReleaseModuleRef(); }
+      addin_(tessaly::MakeConnectFactory(runtime_)()) {}
 
 HRESULT ConnectObject::QueryInterface(REFIID iid, void** out) {
   if (!out) return E_POINTER;
@@ -43,25 +38,6 @@ HRESULT ConnectObject::QueryInterface(REFIID iid, void** out) {
   }
   *out = nullptr;
   return E_NOINTERFACE;
-}
-
-ULONG ConnectObject::AddRef() { return ++refs_; }
-
-ULONG ConnectObject::Release() {
-  const ULONG left = --refs_;
-  if (left == 0) delete this;
-  return left;
-}
-
-HRESULT ConnectObject::GetTypeInfoCount(UINT* count) {
-  if (!count) return E_POINTER;
-  *count = 0;
-  return S_OK;
-}
-
-HRESULT ConnectObject::GetTypeInfo(UINT /*index*/, LCID /*lcid*/, ITypeInfo** info) {
-  if (info) *info = nullptr;
-  return DISP_E_BADINDEX;
 }
 
 HRESULT ConnectObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*lcid*/,
@@ -115,8 +91,10 @@ HRESULT ConnectObject::Invoke(DISPID id, REFIID /*iid*/, LCID /*lcid*/, WORD fla
 HRESULT ConnectObject::OnConnection(IDispatch* application, int connect_mode,
                                     IDispatch* /*addin_inst*/, SAFEARRAY** /*custom*/) {
   return Guarded([&] {
+    frontend_.SetOwner(MainWindowOf(application));
     std::vector<vb::Value> custom;
-    addin_->OnConnection(WrapApplication(application), static_cast<ide::ConnectMode>(connect_mode),
+    // The Application object is the IDE object: the add-in takes it as VBE.
+    addin_->OnConnection(Adapt<ide::VBE>(application), static_cast<ide::ConnectMode>(connect_mode),
                          nullptr, custom);
   });
 }
@@ -125,6 +103,11 @@ HRESULT ConnectObject::OnDisconnection(int remove_mode, SAFEARRAY** /*custom*/) 
   return Guarded([&] {
     std::vector<vb::Value> custom;
     addin_->OnDisconnection(static_cast<ide::DisconnectMode>(remove_mode), custom);
+    // The add-in's instance goes now, not when the IDE lets go of this
+    // object: its event receivers are unadvised and the IDE's objects it
+    // holds released. A later connection gets a new instance.
+    addin_ = tessaly::MakeConnectFactory(runtime_)();
+    frontend_.SetOwner(nullptr);
   });
 }
 

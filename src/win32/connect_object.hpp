@@ -2,40 +2,32 @@
 // Vorrel.Connect and loads as an add-in.
 //
 // It answers both extensibility interfaces (see extensibility.hpp), through
-// the vtable and through IDispatch, and passes OnConnection and
-// OnDisconnection to the add-in's own Connect. It owns what that Connect
-// lives in: the forms runtime with the Windows front end and the registry
-// settings store. Every method is an entry from outside and ends in one
-// catch that turns a failure into an HRESULT.
+// the vtable and through IDispatch, and passes OnConnection, with the IDE's
+// Application object as a VBE adapter (ide_adapters.hpp), and OnDisconnection
+// to the add-in's own Connect, which it replaces by a new one after
+// disconnection so that nothing of the IDE stays advised or held. It owns
+// what that Connect lives in: the forms runtime with the Windows front end
+// and the registry settings store. Every method is an entry from outside and
+// ends in one catch that turns a failure into an HRESULT.
 #pragma once
 
-#include <atomic>
 #include <memory>
 
 #include "forms/runtime.hpp"
 #include "ide/addin.hpp"
+#include "win32/com_object.hpp"
 #include "win32/extensibility.hpp"
 #include "win32/registry_settings_store.hpp"
 #include "win32/win32_frontend.hpp"
 
 namespace win32 {
 
-class ConnectObject final : public IDTExtensibility2 {
+class ConnectObject final : public ComObject<IDTExtensibility2> {
  public:
   ConnectObject();
-  ~ConnectObject();
-  ConnectObject(const ConnectObject&) = delete;
-  ConnectObject& operator=(const ConnectObject&) = delete;
 
-  // IUnknown
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
-
-  // IDispatch: names and numbers of the extensibility methods; no type
-  // information (the interfaces belong to the IDE's libraries, not ours).
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo** info) override;
+  // IDispatch: names and numbers of the extensibility methods.
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID lcid,
                                           DISPID* ids) override;
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* params,
@@ -51,7 +43,6 @@ class ConnectObject final : public IDTExtensibility2 {
   HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) override;
 
  private:
-  std::atomic<ULONG> refs_{1};
   RegistrySettingsStore store_;
   Win32Frontend frontend_;
   forms::Runtime runtime_;

@@ -1,10 +1,14 @@
 #include "win32/dispatch_object.hpp"
 
+#include "vb/failure.hpp"
+
 namespace win32 {
 
-ide::ObjectPtr WrapApplication(Microsoft::WRL::ComPtr<IDispatch> application) {
-  if (!application) return nullptr;
-  return std::make_shared<DispatchObject>(std::move(application));
+IDispatch* DispatchOf(const ide::Object* object) {
+  if (!object) return nullptr;
+  const auto* dispatched = dynamic_cast<const Dispatched*>(object);
+  if (!dispatched) throw vb::Failure::Of(vb::kTypeMismatch);
+  return dispatched->Dispatch();
 }
 
 }  // namespace win32

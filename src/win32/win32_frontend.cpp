@@ -26,6 +26,10 @@ LONG HeightOfPoints(double points) {
 
 }  // namespace
 
+HWND Win32Frontend::Owner() const {
+  return owner_ && IsWindow(owner_) ? owner_ : GetActiveWindow();
+}
+
 void Win32Frontend::RunModal(forms::Form& /*form*/) {
   throw vb::Failure(vb::kInvalidProcedureCall,
                     u"This build of the add-in cannot show its dialogs in the IDE yet.");
@@ -33,7 +37,7 @@ void Win32Frontend::RunModal(forms::Form& /*form*/) {
 
 std::int32_t Win32Frontend::ShowMessageBox(const forms::MessageBox& box) {
   // The style's button and icon bits are the system's MB_ values.
-  const int answer = MessageBoxW(GetActiveWindow(), Wide(box.prompt), Wide(box.title),
+  const int answer = MessageBoxW(Owner(), Wide(box.prompt), Wide(box.title),
                                  static_cast<UINT>(box.buttons) | MB_TASKMODAL);
   if (answer == 0) return forms::vbCancel;
   return answer;  // IDOK..IDNO are vbOK..vbNo
@@ -52,7 +56,7 @@ bool Win32Frontend::ShowFont(forms::FontChoice& font) {
 
   CHOOSEFONTW choose{};
   choose.lStructSize = sizeof choose;
-  choose.hwndOwner = GetActiveWindow();
+  choose.hwndOwner = Owner();
   choose.lpLogFont = &log;
   choose.Flags = static_cast<DWORD>(font.flags) | kInitToLogFont;
   if (!ChooseFontW(&choose)) return false;

@@ -1,10 +1,13 @@
 // The forms runtime's front end on Windows: message boxes and the font
 // service are the system's own (MessageBoxW, ChooseFontW), owned by the
-// window that is active in the IDE's thread.
+// IDE's main window when the IDE names it, else by the window that is active
+// in the IDE's thread.
 //
 // Forms are not drawn as windows yet: RunModal fails with a failure that
 // says so, which the add-in reports as it reports any failed event.
 #pragma once
+
+#include "win32/system.hpp"
 
 #include "forms/frontend.hpp"
 
@@ -12,9 +15,16 @@ namespace win32 {
 
 class Win32Frontend : public forms::Frontend {
  public:
+  // The IDE's main window, or null when it is not known.
+  void SetOwner(HWND owner) { owner_ = owner; }
+
   void RunModal(forms::Form& form) override;
   std::int32_t ShowMessageBox(const forms::MessageBox& box) override;
   bool ShowFont(forms::FontChoice& font) override;
+
+ private:
+  HWND Owner() const;
+  HWND owner_ = nullptr;
 };
 
 }  // namespace win32

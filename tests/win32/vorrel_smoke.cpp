@@ -18,6 +18,7 @@
 #include <optional>
 #include <string>
 
+#include "checks.hpp"
 #include "packaging/registration_record.hpp"
 #include "packaging/type_library.hpp"
 #include "vb/failure.hpp"
@@ -31,17 +32,6 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 using win32::RegKey;
-
-int failed = 0;
-
-void Check(bool ok, const char* what, const std::string& why = "") {
-  if (ok) {
-    std::printf("ok %s\n", what);
-  } else {
-    ++failed;
-    std::printf("FAILED %s%s%s\n", what, why.empty() ? "" : ": ", why.c_str());
-  }
-}
 
 std::string Utf8(const vb::Text& text) { return vb::ToUtf8(text); }
 vb::Text GuidText(const packaging::Guid& guid) { return vb::FromUtf8(packaging::FormatGuid(guid)); }
@@ -197,5 +187,5 @@ int wmain(int argc, wchar_t** argv) {
     Check(false, "no failure", failure.what());
   }
   CoUninitialize();
-  return failed;
+  return FailedChecks();
 }

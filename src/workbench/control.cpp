@@ -179,8 +179,10 @@ void Control::Write(vb::TextView property, const vb::Value& value, WriteSource s
   IdeObserver* observer = project ? project->Observer() : nullptr;
   PropertySlot* slot = FindSlot(property);
   const vb::Text name = slot ? slot->name : vb::Text(property);
-  // Events a write raises run after the write is reported, so a trace shows
-  // the write before whatever the add-in does in response.
+  // What a write sets off runs after the write is reported, so a trace shows
+  // the write before whatever follows from it. A rename itself takes effect
+  // then too: the report names the control as it was called when the write
+  // was made, and the rename follows as its effect.
   std::function<void()> then;
   try {
     if (!slot) throw vb::Failure::Of(vb::kObjectLacksMember);
@@ -214,10 +216,14 @@ std::function<void()> Control::ApplyValue(PropertySlot& slot, const vb::Value& v
   const vb::Text old_name = Name();
   const std::int32_t old_index = Index().value_or(-1);
   auto self = shared_from_this();
-  auto raise_renamed = [self, old_name, old_index] {
-    auto form_now = self->Form();
-    auto project = form_now ? form_now->GetProject() : nullptr;
-    if (project && !self->IsDeleted()) project->RaiseItemRenamed(self, old_name, old_index);
+  // Checked now, applied once the write has been reported.
+  auto rename_to = [self, old_name, old_index](vb::Text name, std::optional<vb::Integer> index) {
+    return [self, old_name, old_index, name = std::move(name), index] {
+      self->SetNameAndIndex(name, index);
+      auto form_now = self->Form();
+      auto project = form_now ? form_now->GetProject() : nullptr;
+      if (project && !self->IsDeleted()) project->RaiseItemRenamed(self, old_name, old_index);
+    };
   };
 
   switch (rule->check) {
@@ -227,8 +233,7 @@ std::function<void()> Control::ApplyValue(PropertySlot& slot, const vb::Value& v
       std::optional<vb::Integer> index = Index();
       vb::Text spelling = wanted;
       if (form) std::tie(spelling, index) = form->ResolveRename(*this, wanted);
-      SetNameAndIndex(spelling, index);
-      return raise_renamed;
+      return rename_to(std::move(spelling), index);
     }
     case ValueCheck::ArrayIndex: {
       const vb::Integer wanted = coerced.AsInteger();
@@ -236,8 +241,7 @@ std::function<void()> Control::ApplyValue(PropertySlot& slot, const vb::Value& v
       const std::optional<vb::Integer> index =
           wanted < 0 ? std::nullopt : std::optional<vb::Integer>(wanted);
       if (form) form->CheckIndex(*this, index);
-      SetNameAndIndex(old_name, index);
-      return raise_renamed;
+      return rename_to(old_name, index);
     }
     case ValueCheck::MinMaxBound: {
       const std::int32_t lo = NumberOf(Get(u"Min"));

@@ -132,8 +132,9 @@ class Control : public ide::VBControl, public std::enable_shared_from_this<Contr
   void Store(PropertySlot& slot, vb::Value value);
   void SetNameAndIndex(const vb::Text& name, std::optional<vb::Integer> index);
   void MarkDeleted();
-  // Coerces, checks and stores one value; returns what must be raised once
-  // the write has been reported (or null).
+  // Coerces, checks and stores one value; returns what must follow once the
+  // write has been reported (or null): for a Name or Index write, the rename
+  // itself and its ItemRenamed.
   std::function<void()> ApplyValue(PropertySlot& slot, const vb::Value& value);
 
   std::shared_ptr<const ClassRules> rules_;

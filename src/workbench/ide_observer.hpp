@@ -4,8 +4,11 @@
 //
 // The session's trace writer implements this. Calls arrive synchronously, in
 // the order things happen: a write is reported after it is stored (or
-// refused) and before any event it raises reaches the add-in. Every member
-// has an empty default so an observer overrides only what it records.
+// refused) and before any event it raises reaches the add-in. A Name or Index
+// write that renames is the exception that keeps cause before effect: it is
+// reported once checked, naming the control as it was called, and the rename
+// takes effect right after, reported as ControlRenamed. Every member has an
+// empty default so an observer overrides only what it records.
 #pragma once
 
 #include <cstdint>

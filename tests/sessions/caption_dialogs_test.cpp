@@ -55,10 +55,10 @@ const SaveCase kSaves[] = {
     {"CheckBoxOptionsAndTag", "CheckBox",
      "type \"Done\"\nclick chkEnabled\nclick chkVisible\nclick chkChecked\nclick txtTag\n"
      "type \" keep \"\nkey Enter\n",
-     "chkDone.Name=chkDone:text, Enabled=false:boolean, Visible=false:boolean, "
+     "Check1.Name=chkDone:text, Enabled=false:boolean, Visible=false:boolean, "
      "Caption=&Done:text, Value=1:integer16, font, Tag= keep :text"},
     {"CheckBoxRefusedCaption", "CheckBox", "type \"Done\"\nkey Enter\nanswer OK\n",
-     "chkDone.Name=chkDone:text, Enabled=true:boolean, Visible=true:boolean, "
+     "Check1.Name=chkDone:text, Enabled=true:boolean, Visible=true:boolean, "
      "Caption!=&Done:text; open at txtCaption",
      "refuse chkDone Caption \"Caption too long\"\n"},
     // An empty name is passed on for the IDE to refuse.
@@ -68,30 +68,30 @@ const SaveCase kSaves[] = {
     {"CheckBoxCloseBox", "CheckBox", "type \"Done\"\nclose\n", ""},
     // A refused font stops the save in silence, the focus where it was.
     {"CheckBoxRefusedFont", "CheckBox", "click txtTag\ntype \"t\"\nkey Enter\n",
-     "chk.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+     "Check1.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
      "Value=0:integer16, font; open at txtTag",
      "refuse chk Font \"No fonts today\"\n"},
     // An option button's Value is a Boolean.
     {"OptionButtonSelected", "OptionButton", "type \"Yes\"\nclick chkChecked\nkey Enter\n",
-     "optYes.Name=optYes:text, Enabled=true:boolean, Visible=true:boolean, "
+     "Option1.Name=optYes:text, Enabled=true:boolean, Visible=true:boolean, "
      "Caption=&Yes:text, Value=true:boolean, font"},
     // Default then Cancel, unrelated to each other.
     {"CommandButtonDefaultAndCancel", "CommandButton",
      "type \"OK\"\nclick chkCancel\nclick chkDefault\nkey Enter\n",
-     "cmdOK.Name=cmdOK:text, Enabled=true:boolean, Visible=true:boolean, Caption=&OK:text, "
+     "Command1.Name=cmdOK:text, Enabled=true:boolean, Visible=true:boolean, Caption=&OK:text, "
      "Default=true:boolean, Cancel=true:boolean, font"},
     {"FrameEverythingChanged", "Frame",
      "type \"Main\"\nclick chkEnabled\nclick chkVisible\nclick txtIndex\ntype \"x3\"\n"
      "click txtTag\ntype \" t \"\nkey Enter\n",
-     "fraMain.Name=fraMain:text, Enabled=false:boolean, Visible=false:boolean, "
-     "Caption=&Main:text, font, fraMain(3).Index=3:text, Tag= t :text"},
+     "Frame1.Name=fraMain:text, Enabled=false:boolean, Visible=false:boolean, "
+     "Caption=&Main:text, font, Index=3:text, Tag= t :text"},
     // The buttons stand left, centre, right; Alignment numbers them 0, 2, 1.
     // One box set: each write reads its own box.
     {"LabelRightAutoSize", "Label", "click chkAutoSize\nclick optRight\nclick OKButton\n",
-     "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+     "Label1.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
      "AutoSize=true:boolean, WordWrap=false:boolean, font, Alignment=1:integer16"},
     {"LabelRefusedAlignment", "Label", "type \"Sum\"\nclick optRight\nclick OKButton\nanswer OK\n",
-     "lblSum.Name=lblSum:text, Enabled=true:boolean, Visible=true:boolean, Caption=Sum:text, "
+     "Label1.Name=lblSum:text, Enabled=true:boolean, Visible=true:boolean, Caption=Sum:text, "
      "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment!=1:integer16; "
      "open at optRight",
      "refuse lblSum Alignment \"Not here\"\n"},

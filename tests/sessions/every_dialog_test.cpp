@@ -64,7 +64,7 @@ TEST_P(EveryDialogTest, ARefusedWriteStopsTheSaveAndASecondSaveStartsOver) {
   EXPECT_EQ(Lines(writes.begin(), writes.begin() + refused),
             Lines(writes.begin() + refused + 1, writes.begin() + 2 * refused + 1));
   EXPECT_EQ(writes[2 * refused + 1], "Enabled");
-  EXPECT_TRUE(Writes().ends_with(std::string("(1).Index=1:") + c.index))
+  EXPECT_TRUE(Writes().ends_with(std::string(", Index=1:") + c.index))
       << Writes() << "\nIndex last: a Tag of blanks is not written";
   EXPECT_EQ(Events("form_closed").size(), 1u) << "the second save closes the dialog";
 }
@@ -72,84 +72,89 @@ TEST_P(EveryDialogTest, ARefusedWriteStopsTheSaveAndASecondSaveStartsOver) {
 INSTANTIATE_TEST_SUITE_P(
     AllDialogs, EveryDialogTest,
     ::testing::Values(
-        DialogCase{"CheckBox", "New CheckBox Control", "chk",
-                   "chk.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-                   "Value=0:integer16, font",
-                   "text"},
-        DialogCase{"OptionButton", "New OptionButton Control", "opt",
-                   "opt.Name=opt:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-                   "Value=false:boolean, font",
-                   "text"},
-        DialogCase{"CommandButton", "New CommandButton Control", "cmd",
-                   "cmd.Name=cmd:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-                   "Default=false:boolean, Cancel=false:boolean, font",
-                   "text"},
+        DialogCase{
+            "CheckBox", "New CheckBox Control", "chk",
+            "Check1.Name=chk:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+            "Value=0:integer16, font",
+            "text"},
+        DialogCase{
+            "OptionButton", "New OptionButton Control", "opt",
+            "Option1.Name=opt:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+            "Value=false:boolean, font",
+            "text"},
+        DialogCase{
+            "CommandButton", "New CommandButton Control", "cmd",
+            "Command1.Name=cmd:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+            "Default=false:boolean, Cancel=false:boolean, font",
+            "text"},
         // A frame has no Value: none is written.
-        DialogCase{"Frame", "New Frame Control", "fra",
-                   "fra.Name=fra:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-                   "font",
-                   "text"},
+        DialogCase{
+            "Frame", "New Frame Control", "fra",
+            "Frame1.Name=fra:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+            "font",
+            "text"},
         // The label's alignment is written even untouched, after the font.
-        DialogCase{"Label", "New Label Control", "lbl",
-                   "lbl.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
-                   "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment=0:integer16",
-                   "text"},
+        DialogCase{
+            "Label", "New Label Control", "lbl",
+            "Label1.Name=lbl:text, Enabled=true:boolean, Visible=true:boolean, Caption=:text, "
+            "AutoSize=false:boolean, WordWrap=false:boolean, font, Alignment=0:integer16",
+            "text"},
         // Text goes first, even empty, while the control still has the IDE's name.
         DialogCase{"TextBox", "New TextBox Control", "txt",
-                   "Text1.Text=:text, MultiLine=false:boolean, txt.Name=txt:text, "
+                   "Text1.Text=:text, MultiLine=false:boolean, Name=txt:text, "
                    "Enabled=true:boolean, Visible=true:boolean, font",
                    "text"},
         // Visible before Enabled; Text goes also when empty.
         DialogCase{"ComboBox", "New ComboBox Control", "cbo",
-                   "cbo.Name=cbo:text, Text=:text, Visible=true:boolean, Enabled=true:boolean, "
+                   "Combo1.Name=cbo:text, Text=:text, Visible=true:boolean, Enabled=true:boolean, "
                    "Sorted=true:boolean, font, Style=0:integer16",
                    "text"},
         // Both groups are written also at their defaults.
         DialogCase{"ListBox", "New ListBox Control", "lst",
-                   "lst.Name=lst:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "List1.Name=lst:text, Enabled=true:boolean, Visible=true:boolean, "
                    "Sorted=true:boolean, font, MultiSelect=0:integer16, Style=0:integer16",
                    "text"},
         DialogCase{"ListView", "New ListView Control", "lv",
-                   "lv.Name=lv:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "ListView1.Name=lv:text, Enabled=true:boolean, Visible=true:boolean, "
                    "Sorted=true:boolean, MultiSelect=false:boolean, "
                    "HideColumnHeaders=false:boolean, font, View=3:integer16",
                    "text"},
         // Sorted starts off here, HideSelection on.
         DialogCase{"TreeView", "New TreeView Control", "tv",
-                   "tv.Name=tv:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "TreeView1.Name=tv:text, Enabled=true:boolean, Visible=true:boolean, "
                    "Sorted=false:boolean, FullRowSelect=false:boolean, HideSelection=true:boolean, "
                    "font, LineStyle=0:integer16",
                    "text"},
         // No font and no Visible.
         DialogCase{"Timer", "New Timer Control", "tmr",
-                   "tmr.Name=tmr:text, Enabled=true:boolean, Interval=500:integer16", "text"},
+                   "Timer1.Name=tmr:text, Enabled=true:boolean, Interval=500:integer16", "text"},
         DialogCase{"MaskEdBox", "New Masked Edit Control", "msk",
-                   "msk.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "MaskEdBox1.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, "
                    "AllowPrompt=false:boolean, CausesValidation=true:boolean, Mask=:text, "
                    "PromptChar=_:text, font",
                    "text"},
         DialogCase{"RichTextBox", "New Rich Text Box Control", "rtf",
-                   "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "RichTextBox1.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
                    "MultiLine=true:boolean, ScrollBars=3:integer16, font",
                    "integer16"},
         // Tabs and TabsPerRow go as text.
         DialogCase{"SSTab", "New Tabbed Dialog Control", "tab",
-                   "tab.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs=3:text, "
+                   "SSTab1.Name=tab:text, Enabled=true:boolean, Visible=true:boolean, Tabs=3:text, "
                    "TabsPerRow=3:text, Style=0:integer16, TabOrientation=0:integer16, font",
                    "integer16"},
         DialogCase{"HScrollBar", "New Horizontal Scroll Bar", "hsb",
-                   "hsb.Name=hsb:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "HScroll1.Name=hsb:text, Enabled=true:boolean, Visible=true:boolean, "
                    "Min=0:integer32, Max=32767:integer32, SmallChange=1:integer32, "
                    "LargeChange=1:integer32",
                    "integer16"},
         DialogCase{"VScrollBar", "New Vertical Scroll Bar", "vsb",
-                   "vsb.Name=vsb:text, Enabled=true:boolean, Visible=true:boolean, "
+                   "VScroll1.Name=vsb:text, Enabled=true:boolean, Visible=true:boolean, "
                    "Min=0:integer32, Max=32767:integer32, SmallChange=1:integer32, "
                    "LargeChange=1:integer32",
                    "integer16"},
         // The general dialog's name starts empty.
         DialogCase{"PictureBox", "New Misc Control", "",
-                   "picLogo.Name=picLogo:text, Enabled=true:boolean, Visible=true:boolean, font",
+                   "Picture1.Name=picLogo:text, Enabled=true:boolean, Visible=true:boolean, font",
                    "integer16", "picLogo"}),
     [](const auto& row) { return std::string(row.param.what); });
 

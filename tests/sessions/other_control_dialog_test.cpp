@@ -51,19 +51,19 @@ INSTANTIATE_TEST_SUITE_P(
     EveryOtherClass, OtherControlTest,
     ::testing::Values(
         ClassCase{"PictureBox", "picLogo", "enabled font",
-                  "picLogo.Name=picLogo:text, Enabled=true:boolean, Visible=true:boolean, font"},
+                  "Picture1.Name=picLogo:text, Enabled=true:boolean, Visible=true:boolean, font"},
         ClassCase{"Image", "imgLogo", "enabled",
-                  "imgLogo.Name=imgLogo:text, Enabled=true:boolean, Visible=true:boolean"},
-        ClassCase{"Shape", "shpBox", "", "shpBox.Name=shpBox:text, Visible=true:boolean"},
-        ClassCase{"Line", "linRule", "", "linRule.Name=linRule:text, Visible=true:boolean"},
+                  "Image1.Name=imgLogo:text, Enabled=true:boolean, Visible=true:boolean"},
+        ClassCase{"Shape", "shpBox", "", "Shape1.Name=shpBox:text, Visible=true:boolean"},
+        ClassCase{"Line", "linRule", "", "Line1.Name=linRule:text, Visible=true:boolean"},
         // The font stage stands before Caption, and an empty Caption is written.
         ClassCase{"Data", "datMain", "caption enabled font",
-                  "datMain.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
+                  "Data1.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
                   "Caption=:text"},
         ClassCase{"DriveListBox", "drvMain", "enabled font",
-                  "drvMain.Name=drvMain:text, Enabled=true:boolean, Visible=true:boolean, font"},
+                  "Drive1.Name=drvMain:text, Enabled=true:boolean, Visible=true:boolean, font"},
         ClassCase{"MSComCtl2.DTPicker dtpWhen", "dtpDue", "enabled",
-                  "dtpDue.Name=dtpDue:text, Enabled=true:boolean, Visible=true:boolean"},
+                  "dtpWhen.Name=dtpDue:text, Enabled=true:boolean, Visible=true:boolean"},
         // The dispatch compares class names with their case: these are no
         // check box and no text box to it, though the IDE knows their tables.
         ClassCase{"checkbox chkLower", "chkLower", "caption enabled font",
@@ -78,22 +78,22 @@ const SaveCase kSaves[] = {
     {"CaptionTrimmedTagNot", "Data",
      "type \"datMain\"\nclick txtControlCaption\ntype \"  Main  \"\nclick txtTag\n"
      "type \" keep \"\nkey Enter\n",
-     "datMain.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
+     "Data1.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
      "Caption=Main:text, Tag= keep :text"},
     {"TextTrimmed", "textbox txtLower",
      "type \"txtNote\"\nclick txtControlText\ntype \" a b \"\nkey Enter\n",
-     "txtNote.Name=txtNote:text, Enabled=true:boolean, Visible=true:boolean, font, "
+     "txtLower.Name=txtNote:text, Enabled=true:boolean, Visible=true:boolean, font, "
      "Text=a b:text"},
     // The name starts empty, and the IDE refuses that.
     {"EmptyName", "PictureBox", "key Enter\nanswer OK\n", "Picture1.Name!=:text; open at txtName"},
     // An Index beyond 16 bits ends the save in silence, Tag behind it unwritten.
     {"IndexTooLarge", "Data",
      "type \"datMain\"\nclick txtIndex\ntype \"32768\"\nclick txtTag\ntype \"t\"\nkey Enter\n",
-     "datMain.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
+     "Data1.Name=datMain:text, Enabled=true:boolean, Visible=true:boolean, font, "
      "Caption=:text; open at txtTag"},
     // A disabled check box takes no click: only Visible is written.
     {"NoEnabled", "Shape", "type \"shpBox\"\nclick chkEnabled\nclick chkVisible\nkey Enter\n",
-     "shpBox.Name=shpBox:text, Visible=false:boolean"},
+     "Shape1.Name=shpBox:text, Visible=false:boolean"},
     // Asking the IDE fails for every property: all count as missing, which
     // is no error, and a save with nothing to write closes.
     {"NoPropertiesAtAll", "MSComCtl2.DTPicker dtpWhen", "key Enter\n", "",
@@ -119,8 +119,7 @@ TEST_F(SessionTest, AnActivationThatCannotFocusTheNameReportsAndCloses) {
   EXPECT_FALSE(boxes[0]["title_given"].get<bool>());
   EXPECT_EQ(boxes[0]["buttons"], 0);
   EXPECT_EQ(Titles(), (Lines{"New Misc Control", "Rename Code for Control"}));
-  EXPECT_EQ(Writes(),
-            "dtpDue.Enabled=true:boolean, Visible=true:boolean, dtpDue(1).Index=1:integer16");
+  EXPECT_EQ(Writes(), "dtpDue.Enabled=true:boolean, Visible=true:boolean, Index=1:integer16");
   EXPECT_EQ(Events("form_closed").size(), 2u) << "both dialogs are closed";
 }
 

@@ -87,11 +87,21 @@ std::string SessionTest::Writes() const {
     if (event != "property_write" || e["source"] != "add-in") continue;
     std::string control = e["control"];
     control = control.substr(control.find('.') + 1);
+    const std::string value =
+        e["value"].is_string() ? e["value"].get<std::string>() : e["value"].dump();
     out += ", " + (control == last_control ? "" : control + ".") +
-           e["property"].get<std::string>() + (e["outcome"] == "ok" ? "=" : "!=") +
-           (e["value"].is_string() ? e["value"].get<std::string>() : e["value"].dump()) + ":" +
+           e["property"].get<std::string>() + (e["outcome"] == "ok" ? "=" : "!=") + value + ":" +
            e["kind"].get<std::string>();
+    // A Name or Index write names the control as it was; the writes after it
+    // go to the same control under its new name.
+    const auto paren = control.find('(');
+    const std::string name = control.substr(0, paren);
     last_control = control;
+    if (e["outcome"] == "ok" && e["property"] == "Name") {
+      last_control = value + (paren == std::string::npos ? "" : control.substr(paren));
+    } else if (e["outcome"] == "ok" && e["property"] == "Index") {
+      last_control = value.empty() || value == "-1" ? name : name + "(" + value + ")";
+    }
   }
   return out.empty() ? out : out.substr(2);
 }

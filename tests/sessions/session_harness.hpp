@@ -48,10 +48,10 @@ class SessionTest : public ::testing::Test {
 
   // The events of one kind from the last run.
   std::vector<Json> Events(const std::string& event) const;
-  // The add-in's property writes, ", " between them: "chk.Name=chk:text,
+  // The add-in's property writes, ", " between them: "Check1.Name=chk:text,
   // Enabled=true:boolean, font". The control is named when it differs from
-  // the previous write's; "!=" marks a refusal; "font" stands for the six
-  // writes of the font stage.
+  // the one the previous write left (a Name or Index write renames it); "!="
+  // marks a refusal; "font" stands for the six writes of the font stage.
   std::string Writes() const;
   // The captions of the forms shown, in order.
   Lines Titles() const;

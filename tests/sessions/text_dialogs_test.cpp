@@ -10,7 +10,7 @@ const SaveCase kSaves[] = {
     // A single-line text field: Enter there presses Save.
     {"TextBoxTextAndMultiLine", "TextBox",
      "click chkMulti\nclick txtText\ntype \"Hello\"\nkey Enter\n",
-     "Text1.Text=Hello:text, MultiLine=true:boolean, txt.Name=txt:text, Enabled=true:boolean, "
+     "Text1.Text=Hello:text, MultiLine=true:boolean, Name=txt:text, Enabled=true:boolean, "
      "Visible=true:boolean, font"},
     {"TextBoxRefusedName", "TextBox",
      "type \"Body\"\nclick txtText\ntype \"Hi\"\nclick chkMulti\nclick OKButton\nanswer OK\n",
@@ -21,35 +21,41 @@ const SaveCase kSaves[] = {
      "type \"Phone\"\nclick txtMask\ntype \"(###) ###-####\"\nclick chkAllowPrompt\n"
      "click chkCausesValidate\nclick txtPrompt\nkey Home\nkey Delete\ntype \"#*\"\n"
      "click txtTag\ntype \"t\"\nkey Enter\n",
-     "mskPhone.Name=mskPhone:text, Enabled=true:boolean, Visible=true:boolean, "
+     "MaskEdBox1.Name=mskPhone:text, Enabled=true:boolean, Visible=true:boolean, "
      "AllowPrompt=true:boolean, CausesValidation=false:boolean, Mask=(###) ###-####:text, "
      "PromptChar=#:text, font, Tag=t:text"},
     {"MaskedEditEmptyPrompt", "MaskEdBox",
      "click txtPrompt\nkey Home\nkey Delete\nkey Enter\nanswer OK\n",
-     "msk.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, AllowPrompt=false:boolean, "
+     "MaskEdBox1.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, "
+     "AllowPrompt=false:boolean, "
      "CausesValidation=true:boolean, Mask=:text, PromptChar!=:text; open at txtPrompt"},
     // Index goes as text: the IDE judges its size.
     {"MaskedEditIndexTooLarge", "MaskEdBox",
      "click txtIndex\ntype \"99999\"\nkey Enter\nanswer OK\n",
-     "msk.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, AllowPrompt=false:boolean, "
+     "MaskEdBox1.Name=msk:text, Enabled=true:boolean, Visible=true:boolean, "
+     "AllowPrompt=false:boolean, "
      "CausesValidation=true:boolean, Mask=:text, PromptChar=_:text, font, "
      "Index!=99999:text; open at txtIndex"},
     // ScrollBars is the last button clicked; arrows select as they go.
     {"RichTextBoxScrollBarsClicked", "RichTextBox",
      "click optSB(2)\nclick optSB(0)\nclick optSB(2)\nclick OKButton\n",
-     "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
+     "RichTextBox1.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+     "MultiLine=true:boolean, "
      "ScrollBars=2:integer16, font"},
     {"RichTextBoxScrollBarsByArrow", "RichTextBox", "click optSB(3)\nkey Down\nclick OKButton\n",
-     "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
+     "RichTextBox1.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+     "MultiLine=true:boolean, "
      "ScrollBars=0:integer16, font"},
     // The first button takes the focus whichever is selected.
     {"RichTextBoxRefusedScrollBars", "RichTextBox", "click optSB(2)\nclick OKButton\nanswer OK\n",
-     "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
+     "RichTextBox1.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+     "MultiLine=true:boolean, "
      "ScrollBars!=2:integer16; open at optSB(0)",
      "refuse rtf ScrollBars \"Not with MultiLine\"\n"},
     // Index goes as a 16-bit integer: beyond it the save ends in silence.
     {"RichTextBoxIndexTooLarge", "RichTextBox", "click txtIndex\ntype \"32768\"\nkey Enter\n",
-     "rtf.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, MultiLine=true:boolean, "
+     "RichTextBox1.Name=rtf:text, Enabled=true:boolean, Visible=true:boolean, "
+     "MultiLine=true:boolean, "
      "ScrollBars=3:integer16, font; open at txtIndex"},
 };
 SAVE_CASES(TextDialogs, kSaves);

@@ -28,8 +28,9 @@ class ControlEventsTest : public ::testing::Test, public ModelFixture {
   std::shared_ptr<ide::VBControlsEvents> events_;
 };
 
-// A Name write raises ItemRenamed after it is reported, unless the name is
-// unchanged; an Index change is a rename too, carrying the old index.
+// A Name write is reported under the old name, then renames and raises
+// ItemRenamed, unless the name is unchanged; an Index change is a rename too,
+// carrying the old index.
 TEST_F(ControlEventsTest, NameAndIndexWritesRaiseItemRenamedWithTheOldNameAndIndex) {
   auto text = form->AddControl(u"TextBox");
   log_.clear();
@@ -39,10 +40,10 @@ TEST_F(ControlEventsTest, NameAndIndexWritesRaiseItemRenamedWithTheOldNameAndInd
   form->SetPropertyFromSheet(*text, u"Index", u"3");
   EXPECT_EQ(
       log_,
-      (Log{"write Text1.Name text:Text1 ok", "write txtName.Name text:txtName ok",
+      (Log{"write Text1.Name text:Text1 ok", "write Text1.Name text:txtName ok",
            "renamed Text1(-1) -> txtName", "sink ItemRenamed Form1.txtName from Text1(-1)",
-           "sheet txtName(0).Index text:0 ok", "renamed txtName(-1) -> txtName(0)",
-           "sink ItemRenamed Form1.txtName from txtName(-1)", "sheet txtName(3).Index text:3 ok",
+           "sheet txtName.Index text:0 ok", "renamed txtName(-1) -> txtName(0)",
+           "sink ItemRenamed Form1.txtName from txtName(-1)", "sheet txtName(0).Index text:3 ok",
            "renamed txtName(0) -> txtName(3)", "sink ItemRenamed Form1.txtName from txtName(0)"}));
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms/form.hpp"
 #include "vb/failure.hpp"
 #include "win32/wide.hpp"
 
@@ -30,9 +31,12 @@ HWND Win32Frontend::Owner() const {
   return owner_ && IsWindow(owner_) ? owner_ : GetActiveWindow();
 }
 
-void Win32Frontend::RunModal(forms::Form& /*form*/) {
-  throw vb::Failure(vb::kInvalidProcedureCall,
-                    u"This build of the add-in cannot show its dialogs in the IDE yet.");
+void Win32Frontend::RunModal(forms::Form& form) {
+  // The IDE may keep a failed event to itself, so the user is told here.
+  const vb::Text words = u"This build of Tessaly cannot show its dialog \"" + form.Caption() +
+                         u"\" in the IDE yet. Nothing was changed.";
+  MessageBoxW(Owner(), Wide(words), L"Tessaly", MB_OK | MB_ICONINFORMATION | MB_TASKMODAL);
+  throw vb::Failure(vb::kInvalidProcedureCall, words);
 }
 
 std::int32_t Win32Frontend::ShowMessageBox(const forms::MessageBox& box) {

@@ -3,8 +3,8 @@
 // IDE's main window when the IDE names it, else by the window that is active
 // in the IDE's thread.
 //
-// Forms are not drawn as windows yet: RunModal fails with a failure that
-// says so, which the add-in reports as it reports any failed event.
+// Forms are not drawn as windows yet: RunModal says so in a message box and
+// fails, so the event that wanted the dialog changes nothing.
 #pragma once
 
 #include "win32/system.hpp"

@@ -21,6 +21,9 @@ class SettingsStore {
                                       const vb::Text& key) = 0;
   virtual void Save(const vb::Text& app, const vb::Text& section, const vb::Text& key,
                     const vb::Text& text) = 0;
+  // Removes the key; true when it was stored. A key that is not stored is no
+  // failure.
+  virtual bool Remove(const vb::Text& app, const vb::Text& section, const vb::Text& key) = 0;
 };
 
 }  // namespace forms

@@ -251,6 +251,14 @@ Json::iterator FindName(Json& group, std::string_view name) {
   return group.end();
 }
 
+// The keys of `section` of `app`, or null when there are none.
+Json* KeysOf(Json& root, const vb::Text& app, const vb::Text& section) {
+  auto app_it = FindName(root, vb::ToUtf8(app));
+  if (app_it == root.end()) return nullptr;
+  auto section_it = FindName(*app_it, vb::ToUtf8(section));
+  return section_it == app_it->end() ? nullptr : &*section_it;
+}
+
 // The member of `group` named `name` in any case, added under this spelling
 // when there is none.
 Json& MemberOf(Json& group, const std::string& name) {
@@ -328,12 +336,10 @@ fs::path FileSettingsStore::DefaultPath() {
 std::optional<vb::Text> FileSettingsStore::Get(const vb::Text& app, const vb::Text& section,
                                                const vb::Text& key) {
   Json root = ReadDocument(file_);
-  auto app_it = FindName(root, vb::ToUtf8(app));
-  if (app_it == root.end()) return std::nullopt;
-  auto section_it = FindName(*app_it, vb::ToUtf8(section));
-  if (section_it == app_it->end()) return std::nullopt;
-  auto key_it = FindName(*section_it, vb::ToUtf8(key));
-  if (key_it == section_it->end()) return std::nullopt;
+  Json* keys = KeysOf(root, app, section);
+  if (!keys) return std::nullopt;
+  auto key_it = FindName(*keys, vb::ToUtf8(key));
+  if (key_it == keys->end()) return std::nullopt;
   return vb::FromUtf8(key_it->get_ref<const std::string&>());
 }
 
@@ -360,6 +366,21 @@ void FileSettingsStore::Save(const vb::Text& app, const vb::Text& section, const
     keys[key_utf8] = vb::ToUtf8(text);
   }
   ReplaceFile(file_, root.dump(2) + "\n");
+}
+
+bool FileSettingsStore::Remove(const vb::Text& app, const vb::Text& section, const vb::Text& key) {
+  // A first look without the lock, so that removing what is not there makes
+  // nothing; what another process stores meanwhile was stored after this.
+  if (!Get(app, section, key)) return false;
+  FileLock lock(file_);
+  Json root = ReadDocument(file_);
+  Json* keys = KeysOf(root, app, section);
+  if (!keys) return false;
+  auto key_it = FindName(*keys, vb::ToUtf8(key));
+  if (key_it == keys->end()) return false;
+  keys->erase(key_it);
+  ReplaceFile(file_, root.dump(2) + "\n");
+  return true;
 }
 
 }  // namespace linux_platform

@@ -1,8 +1,8 @@
 // The settings store of the Linux builds. FileSettingsStore keeps them in one JSON file, by default
 // $XDG_CONFIG_HOME/tessaly/settings.json (~/.config when XDG_CONFIG_HOME is
-// unset). Every write locks the file, reads it afresh, changes one key and
-// replaces the file by an atomic rename of a complete new one, so two
-// processes writing different keys at once lose neither. A file that cannot be
+// unset). Every write or removal locks the file, reads it afresh, changes one
+// key and replaces the file by an atomic rename of a complete new one, so two
+// processes changing different keys at once lose neither. A file that cannot be
 // read or parsed is a failure whose description names the file and line, and
 // such a file is never overwritten.
 //
@@ -38,6 +38,9 @@ class FileSettingsStore : public forms::SettingsStore {
   // it was, and kPathFileAccess when the new file cannot be written.
   void Save(const vb::Text& app, const vb::Text& section, const vb::Text& key,
             const vb::Text& text) override;
+  // Throws as Save does. A key that is not stored leaves everything as it was
+  // (no folder, lock or file is made); its emptied section stays.
+  bool Remove(const vb::Text& app, const vb::Text& section, const vb::Text& key) override;
 
  private:
   std::filesystem::path file_;

@@ -49,6 +49,7 @@ class TerminalFrontend : public forms::Frontend {
       return std::nullopt;
     }
     void Save(const vb::Text&, const vb::Text&, const vb::Text&, const vb::Text&) override {}
+    bool Remove(const vb::Text&, const vb::Text&, const vb::Text&) override { return false; }
   };
 
   // Clears the screen and draws every shown dialog; the top one's caret

@@ -90,6 +90,9 @@ class MemorySettings : public SettingsStore {
             const vb::Text& text) override {
     values_[{app, section, key}] = text;
   }
+  bool Remove(const vb::Text& app, const vb::Text& section, const vb::Text& key) override {
+    return values_.erase({app, section, key}) > 0;
+  }
 
  private:
   std::map<std::tuple<vb::Text, vb::Text, vb::Text>, vb::Text> values_;

@@ -20,6 +20,9 @@ class RegistrySettingsStore : public forms::SettingsStore {
   // Creates the section's key when needed.
   void Save(const vb::Text& app, const vb::Text& section, const vb::Text& key,
             const vb::Text& text) override;
+  // Deletes the value; the section's key stays. A missing section or value
+  // is no failure.
+  bool Remove(const vb::Text& app, const vb::Text& section, const vb::Text& key) override;
 };
 
 }  // namespace win32

@@ -14,4 +14,15 @@ bool FontCatalog::Has(const vb::Text& family) {
   });
 }
 
+void SortFamilies(std::vector<vb::Text>& families) {
+  // Case-insensitive first so "arial" sits beside "Arial", as a sorted list
+  // box would place them; exact order then makes the order total, so sorting
+  // is deterministic and exact duplicates adjoin.
+  std::sort(families.begin(), families.end(), [](const vb::Text& a, const vb::Text& b) {
+    const int folded = detail::CompareNoCase(a, b);
+    return folded != 0 ? folded < 0 : a < b;
+  });
+  families.erase(std::unique(families.begin(), families.end()), families.end());
+}
+
 }  // namespace forms

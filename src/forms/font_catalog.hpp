@@ -21,4 +21,7 @@ class FontCatalog {
   bool Has(const vb::Text& family);
 };
 
+// Puts `families` in the order Families() promises and drops exact duplicates.
+void SortFamilies(std::vector<vb::Text>& families);
+
 }  // namespace forms

@@ -3,21 +3,10 @@
 
 #include <fontconfig/fontconfig.h>
 
-#include <algorithm>
 #include <memory>
-
-#include "forms/case_fold.hpp"
 
 namespace linux_platform {
 namespace {
-
-// Case-insensitive first so "arial" sits beside "Arial", as a sorted list box
-// would place them; exact order then makes the order total, so sorting is
-// deterministic and exact duplicates adjoin.
-bool FamilyBefore(const vb::Text& a, const vb::Text& b) {
-  const int folded = forms::detail::CompareNoCase(a, b);
-  return folded != 0 ? folded < 0 : a < b;
-}
 
 // Owners for fontconfig's objects, so every path out frees them.
 struct ConfigDeleter {
@@ -60,8 +49,7 @@ std::vector<vb::Text> ListFamilies() {
 const std::vector<vb::Text>& FontconfigCatalog::Families() {
   if (!loaded_) {
     families_ = ListFamilies();
-    std::sort(families_.begin(), families_.end(), FamilyBefore);
-    families_.erase(std::unique(families_.begin(), families_.end()), families_.end());
+    forms::SortFamilies(families_);
     loaded_ = true;
   }
   return families_;

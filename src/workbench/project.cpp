@@ -64,7 +64,9 @@ std::optional<vb::Failure> Project::TakeRefusal(const Control& control, vb::Text
   const bool font_member = property.size() > kFontPrefix.size() &&
                            vb::SameName(property.substr(0, kFontPrefix.size()), kFontPrefix);
   for (auto it = refusals_.begin(); it != refusals_.end(); ++it) {
-    if (!vb::SameName(it->control, control.Name())) continue;
+    const bool aimed = it->next_added ? it->added && it->added->lock().get() == &control
+                                      : vb::SameName(it->control, control.Name());
+    if (!aimed) continue;
     if (!vb::SameName(it->property, property) &&
         !(font_member && vb::SameName(it->property, u"Font"))) {
       continue;
@@ -103,6 +105,9 @@ void Project::ForEachSink(const std::shared_ptr<Control>& control, Fn fn) {
 }
 
 void Project::RaiseItemAdded(const std::shared_ptr<Control>& control) {
+  for (auto& refusal : refusals_) {
+    if (refusal.next_added && !refusal.added) refusal.added = control;
+  }
   if (observer_) observer_->ControlAdded(*control);
   ForEachSink(control, [&](ide::VBControlsEventsSink& sink) { sink.ItemAdded(control); });
 }

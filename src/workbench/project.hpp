@@ -29,12 +29,19 @@ namespace workbench {
 // property name (any case). A property "Font" also matches every write to
 // that control's font object; a property "Properties" makes the control's
 // Properties() itself fail instead of a write.
+//
+// A refusal aimed at the next control added instead of a name binds to the
+// control the project adds next, before anyone hears of it, and then matches
+// that control whatever it is called when the write comes.
 struct Refusal {
   vb::Text control;
   vb::Text property;
   vb::Text description;
   std::int32_t number = vb::kInvalidPropertyValue;
   bool always = false;  // false: only the next matching write
+  bool next_added = false;
+  // The control a next_added refusal is bound to, once it has been added.
+  std::optional<std::weak_ptr<const Control>> added{};
 };
 
 class ControlsEventSource;

@@ -29,6 +29,7 @@ const char* ActionName(UserAction::Type type) {
     case UserAction::Type::Click:
       return "a click";
     case UserAction::Type::TickRow:
+    case UserAction::Type::CheckRow:
       return "a row tick";
     case UserAction::Type::Answer:
       return "an answer";
@@ -129,15 +130,27 @@ void HeadlessFrontend::Apply(Form& form, const UserAction& action) {
       form.UserClick(*target);
       return;
     }
-    case UserAction::Type::TickRow: {
+    case UserAction::Type::TickRow:
+    case UserAction::Type::CheckRow: {
       auto* list = dynamic_cast<ListBox*>(form.FindByPath(action.target));
       if (!list) {
         throw ScriptError(Where(action) + "no list box '" + action.target + "' on " + form.Name());
       }
+      const std::string where = form.Name() + "/" + list->Path();
+      if (action.type == UserAction::Type::CheckRow) {
+        std::int32_t row = 0;
+        while (row < list->ListCount() && list->List(row) != action.text) ++row;
+        if (row == list->ListCount()) {
+          throw ScriptError(Where(action) + "no row \"" + vb::ToUtf8(action.text) + "\" in " +
+                            where);
+        }
+        // Only a row in the other state is clicked: the check is set, not toggled.
+        if (list->Selected(row) != action.checked) form.UserToggleRow(*list, row);
+        return;
+      }
       if (action.row < 0 || action.row >= list->ListCount()) {
         throw ScriptError(Where(action) + "row " + std::to_string(action.row) + " is not in " +
-                          form.Name() + "/" + list->Path() + ", which has " +
-                          std::to_string(list->ListCount()) + " rows");
+                          where + ", which has " + std::to_string(list->ListCount()) + " rows");
       }
       form.UserToggleRow(*list, action.row);
       return;
@@ -154,7 +167,15 @@ void HeadlessFrontend::Apply(Form& form, const UserAction& action) {
 
 std::int32_t HeadlessFrontend::ShowMessageBox(const MessageBox& box) {
   const std::string description = MessageBoxDescription(box);
-  const UserAction action = Require(Waiting::MessageBox, description);
+  waiting_box_ = &box;
+  UserAction action;
+  try {
+    action = Require(Waiting::MessageBox, description);
+  } catch (...) {
+    waiting_box_ = nullptr;
+    throw;
+  }
+  waiting_box_ = nullptr;
   if (action.type != UserAction::Type::Answer) Misfit(action, description);
   const auto buttons = MsgBoxButtons(box.buttons);
   if (std::find(buttons.begin(), buttons.end(), action.answer) == buttons.end()) {

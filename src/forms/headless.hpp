@@ -26,11 +26,12 @@ struct UserAction {
     Key,         // key
     AltKey,      // letter: Alt plus a letter
     Click,       // target: a control path of the active form
-    TickRow,     // target (a list box) and row
+    TickRow,     // target (a list box) and row: toggles its check
+    CheckRow,    // target (a list box), text (a row's text) and checked: sets its check
     Answer,      // answer: the button of a message box
     FontChoose,  // font fields that are set; the others stay as given
     FontCancel,
-    Close,       // the close box of the active form
+    Close,  // the close box of the active form
   };
   Type type = Type::Type;
   vb::Text text;
@@ -38,6 +39,7 @@ struct UserAction {
   char16_t letter = 0;
   std::string target;
   std::int32_t row = 0;
+  bool checked = false;
   std::int32_t answer = 0;
   std::optional<vb::Text> font_name;
   std::optional<vb::Single> font_size;
@@ -72,11 +74,16 @@ class HeadlessFrontend : public Frontend {
   std::int32_t ShowMessageBox(const MessageBox& box) override;
   bool ShowFont(FontChoice& font) override;
 
+  // The message box that waits for the user's answer, or null; for
+  // inspections made while it waits.
+  const MessageBox* WaitingMessageBox() const { return waiting_box_; }
+
  private:
   UserAction Require(Waiting waiting, const std::string& description);
   void Apply(Form& form, const UserAction& action);
   ActionSource* source_;
   FontCatalog* fonts_;
+  const MessageBox* waiting_box_ = nullptr;
 };
 
 }  // namespace forms

@@ -52,4 +52,14 @@ nlohmann::ordered_json FormState(const forms::Form& form) {
       {"form", form.Name()}, {"caption", vb::ToUtf8(form.Caption())}, {"controls", controls}};
 }
 
+nlohmann::ordered_json MessageBoxState(const forms::MessageBox& box) {
+  nlohmann::ordered_json answers = nlohmann::ordered_json::array();
+  for (std::int32_t b : forms::MsgBoxButtons(box.buttons))
+    answers.push_back(forms::MsgBoxResultName(b));
+  return {{"text", vb::ToUtf8(box.prompt)},
+          {"title", vb::ToUtf8(box.title)},
+          {"buttons", box.buttons},
+          {"answers", std::move(answers)}};
+}
+
 }  // namespace session

@@ -56,9 +56,10 @@ ide::ConnectMode ParseMode(const ScriptLine& line, const std::string& word) {
 Session::Session(SessionOptions options)
     : options_(std::move(options)),
       own_fonts_(options_.fonts ? nullptr : std::make_unique<linux_platform::FontconfigCatalog>()),
+      fonts_(options_.fonts ? *options_.fonts : *own_fonts_),
       store_(options_.settings_file.empty() ? linux_platform::FileSettingsStore::DefaultPath()
                                             : options_.settings_file),
-      frontend_(*this, options_.fonts ? *options_.fonts : *own_fonts_),
+      frontend_(*this, fonts_),
       runtime_(options_.frontend ? *options_.frontend : frontend_, store_, options_.app_title),
       trace_(options_.trace, options_.transcript),
       ide_(Ide::Create(options_.ide)) {
@@ -270,16 +271,11 @@ void Session::RunIde(const ScriptLine& line) {
       Fail(line, "code takes add, insert or delete");
     }
   } else if (v == "refuse") {
-    Need(line, 3, 4, "refuse CONTROL PROPERTY \"DESCRIPTION\" [always]");
-    workbench::Refusal refusal{W(a[0]), W(a[1]), W(a[2])};
-    if (a.size() == 4) {
-      if (a[3] != "always") Fail(line, "the last word of 'refuse' can only be 'always'");
-      refusal.always = true;
-    }
-    ide_->InjectRefusal(refusal);
-  } else if (v == "store") {
-    Need(line, 4, 4, "store APP SECTION KEY TEXT");
-    store_.Save(W(a[0]), W(a[1]), W(a[2]), W(a[3]));
+    Refuse(line);
+  } else if (v == "store" || v == "unstore") {
+    Store(line);
+  } else if (v == "fonts") {
+    Fonts(line);
   } else if (v == "save") {
     Need(line, 0, 1, "save [PATH.vbp]");
     auto project = RequireProject(line);
@@ -291,9 +287,64 @@ void Session::RunIde(const ScriptLine& line) {
   }
 }
 
+void Session::Refuse(const ScriptLine& line) {
+  const auto& a = line.args;
+  Need(line, 3, 4, "refuse CONTROL|next PROPERTY \"DESCRIPTION\" [always]");
+  workbench::Refusal refusal{W(a[0]), W(a[1]), W(a[2])};
+  if (a.size() == 4) {
+    if (a[3] != "always") Fail(line, "the last word of 'refuse' can only be 'always'");
+    refusal.always = true;
+  }
+  if (a[0] != "next") {
+    ide_->InjectRefusal(refusal);
+    return;
+  }
+  // "Next" is no control name VB allows: the next control dropped, which
+  // joins the active project.
+  refusal.control.clear();
+  refusal.next_added = true;
+  RequireProject(line)->InjectRefusal(std::move(refusal));
+}
+
+void Session::Store(const ScriptLine& line) {
+  const auto& a = line.args;
+  Json event;
+  if (line.verb == "store") {
+    Need(line, 4, 4, "store APP SECTION KEY TEXT");
+    store_.Save(W(a[0]), W(a[1]), W(a[2]), W(a[3]));
+    event = {{"event", "store_set"}, {"text", a[3]}};
+  } else {
+    Need(line, 3, 3, "unstore APP SECTION KEY");
+    event = {{"event", "store_removed"}, {"existed", store_.Remove(W(a[0]), W(a[1]), W(a[2]))}};
+  }
+  event["app"] = a[0];
+  event["section"] = a[1];
+  event["key"] = a[2];
+  trace_.Emit(std::move(event));
+}
+
+void Session::Fonts(const ScriptLine& line) {
+  const auto& a = line.args;
+  if (a.empty() || (a[0] != "add" && a[0] != "only")) {
+    Fail(line, "usage: fonts add|only \"FAMILY\" ...");
+  }
+  // A front end of its own (a terminal) offers the system's fonts.
+  if (options_.frontend) Fail(line, "'fonts' applies to the scripted font service only");
+  std::vector<vb::Text> families;
+  for (std::size_t i = 1; i < a.size(); ++i) families.push_back(W(a[i]));
+  if (a[0] == "add") {
+    fonts_.Add(families);
+  } else {
+    fonts_.Only(std::move(families));
+  }
+}
+
 void Session::Inspect(const ScriptLine& line) {
   if (line.verb == "echo") {
     trace_.Say(line.args.empty() ? std::string() : line.args[0]);
+  } else if (line.verb == "mark") {
+    Need(line, 1, 1, "mark \"TEXT\"");
+    trace_.Emit({{"event", "mark"}, {"text", line.args[0]}});
   } else if (line.verb == "dump") {
     auto project = ide_->ActiveProject();
     Json dump = project ? Json(DumpProject(*project)) : Json();
@@ -309,8 +360,11 @@ void Session::Inspect(const ScriptLine& line) {
                  {"lines", std::move(lines)}});
   } else if (line.verb == "state") {
     forms::Form* form = runtime_.ActiveForm();
-    Json state = form ? Json(FormState(*form)) : Json();
-    trace_.Emit({{"event", "state"}, {"state", state}});
+    Json event{{"event", "state"}, {"state", form ? Json(FormState(*form)) : Json()}};
+    if (const forms::MessageBox* box = frontend_.WaitingMessageBox()) {
+      event["msgbox"] = MessageBoxState(*box);
+    }
+    trace_.Emit(std::move(event));
   }
 }
 

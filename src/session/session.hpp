@@ -28,6 +28,7 @@
 #include "ide/addin.hpp"
 #include "linux/file_settings_store.hpp"
 #include "linux/fontconfig_catalog.hpp"
+#include "session/script_fonts.hpp"
 #include "session/session_script.hpp"
 #include "session/trace.hpp"
 #include "workbench/ide.hpp"
@@ -52,7 +53,8 @@ struct SessionOptions {
   // IDE's add-in list shows of it.
   std::function<ide::AddInFactory(forms::Runtime&)> addin;
   ide::AddInListing addin_listing;
-  // Font families; the system's (fontconfig) when null.
+  // Font families; the system's (fontconfig) when null. The script's
+  // `fonts` lines change what the headless font service offers of them.
   forms::FontCatalog* fonts = nullptr;
   // What a message box shows when its caller gives no title.
   vb::Text app_title = u"Vorrel";
@@ -84,6 +86,9 @@ class Session : private forms::ActionSource {
   void Step(const ScriptLine& line);
   void RunIde(const ScriptLine& line);
   void Inspect(const ScriptLine& line);
+  void Refuse(const ScriptLine& line);
+  void Store(const ScriptLine& line);
+  void Fonts(const ScriptLine& line);
   void Enter(const ScriptLine& line);
   std::shared_ptr<workbench::Project> RequireProject(const ScriptLine& line) const;
   std::shared_ptr<workbench::FormComponent> RequireForm(const ScriptLine& line) const;
@@ -92,6 +97,7 @@ class Session : private forms::ActionSource {
 
   SessionOptions options_;
   std::unique_ptr<forms::FontCatalog> own_fonts_;
+  ScriptFonts fonts_;
   linux_platform::FileSettingsStore store_;
   forms::HeadlessFrontend frontend_;
   forms::Runtime runtime_;

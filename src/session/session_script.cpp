@@ -107,14 +107,15 @@ const std::map<std::string, LineSort>& Verbs() {
       {"drop-exact", LineSort::Ide},     {"delete", LineSort::Ide},
       {"rename", LineSort::Ide},         {"set", LineSort::Ide},
       {"code", LineSort::Ide},           {"refuse", LineSort::Ide},
-      {"store", LineSort::Ide},          {"save", LineSort::Ide},
+      {"store", LineSort::Ide},          {"unstore", LineSort::Ide},
+      {"fonts", LineSort::Ide},          {"save", LineSort::Ide},
       {"type", LineSort::User},          {"paste", LineSort::User},
       {"key", LineSort::User},           {"alt", LineSort::User},
       {"click", LineSort::User},         {"tick", LineSort::User},
       {"answer", LineSort::User},        {"font", LineSort::User},
       {"close", LineSort::User},         {"dump", LineSort::Inspection},
       {"state", LineSort::Inspection},   {"echo", LineSort::Inspection},
-      {"listing", LineSort::Inspection},
+      {"listing", LineSort::Inspection}, {"mark", LineSort::Inspection},
   };
   return verbs;
 }
@@ -190,8 +191,17 @@ forms::UserAction ToUserAction(const ScriptLine& line) {
     Need(line, 1, "click CONTROL");
     a.type = T::Click;
     a.target = line.args[0];
+  } else if (line.verb == "tick" && line.args.size() == 3) {
+    // By the row's text, to a state: "tick lstMembers "Text1" on".
+    a.type = T::CheckRow;
+    a.target = line.args[0];
+    a.text = vb::FromUtf8(line.args[1]);
+    if (line.args[2] != "on" && line.args[2] != "off") {
+      Fail(line.origin, "usage: tick LIST \"ROW TEXT\" on|off");
+    }
+    a.checked = line.args[2] == "on";
   } else if (line.verb == "tick") {
-    Need(line, 2, "tick LIST ROW");
+    Need(line, 2, "tick LIST ROW | tick LIST \"ROW TEXT\" on|off");
     a.type = T::TickRow;
     a.target = line.args[0];
     try {

@@ -5,8 +5,7 @@
 // Three sorts of line: IDE actions (what a developer does in the designer),
 // user actions (answers to the add-in's dialogs, message boxes and the font
 // service, valid only while one of them waits) and inspections (dump, state,
-// listing, echo),
-// valid anywhere.
+// listing, echo, mark), valid anywhere.
 #pragma once
 
 #include <optional>

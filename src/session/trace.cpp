@@ -177,7 +177,24 @@ std::string Trace::Render(const Json& e) {
   if (ev == "control_removed") return "IDE: deleted " + s("control");
   if (ev == "control_renamed") return "IDE: renamed " + s("old_name") + " to " + s("control");
   if (ev.rfind("menu_", 0) == 0) return "menu " + ev.substr(5) + ": " + s("caption");
-  if (ev == "state") return RenderState(e["state"]);
+  if (ev == "state") {
+    std::string out = RenderState(e["state"]);
+    if (e.contains("msgbox")) {
+      const Json& box = e["msgbox"];
+      std::string answers;
+      for (const auto& a : box["answers"])
+        answers += (answers.empty() ? "" : ", ") + a.get<std::string>();
+      out += "\n    waiting: message box " + box["title"].dump() + ": " + box["text"].dump() +
+             " [" + answers + "]";
+    }
+    return out;
+  }
+  if (ev == "mark") return "mark: " + e["text"].get<std::string>();
+  if (ev == "store_set") return "store " + e["key"].get<std::string>() + " = " + s("text");
+  if (ev == "store_removed") {
+    return "store " + e["key"].get<std::string>() +
+           (e["existed"].get<bool>() ? " removed" : " removed (was not stored)");
+  }
   if (ev == "dump") return RenderDump(e["project"]);
   if (ev == "listing") {
     std::string out = "code of " + e["form"].get<std::string>() + ":";

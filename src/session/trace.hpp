@@ -1,7 +1,8 @@
 // The session's record of everything the add-in did: forms shown and closed,
 // focus, message boxes, the font service, settings read and written, property
 // and font writes with their outcomes, code edits, menu entries, control
-// events and failures that reached the IDE.
+// events and failures that reached the IDE; and what the session adds of its
+// own (inspections, marks, the script's store lines).
 //
 // Each event is one JSON object; the trace writes it as a JSON Lines record
 // and renders it as a readable transcript line. Every record carries "seq"

@@ -68,6 +68,10 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
     UseTessaly(options);
     session::Session session(std::move(options));
     session.Run(lines);
+    if (session.SaveFailed()) {
+      std::cerr << "tessaly: a save failed; see the failure in the transcript\n";
+      return 1;
+    }
   } catch (const std::exception& e) {
     std::cerr << "tessaly: " << e.what() << '\n';
     return 1;

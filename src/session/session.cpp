@@ -113,6 +113,7 @@ void Session::Step(const ScriptLine& line) {
       try {
         RunIde(line);
       } catch (const vb::Failure& failure) {
+        if (line.verb == "save") save_failed_ = true;
         trace_.Emit({{"event", "failure"},
                      {"action", line.verb},
                      {"number", failure.Number()},

@@ -77,6 +77,8 @@ class Session : private forms::ActionSource {
   workbench::Ide& GetIde() { return *ide_; }
   forms::Runtime& GetRuntime() { return runtime_; }
   std::shared_ptr<workbench::FormComponent> CurrentForm() const { return form_; }
+  // Whether a `save` failed: the session went on, but its run did not succeed.
+  bool SaveFailed() const { return save_failed_; }
 
  private:
   std::optional<forms::UserAction> Next(forms::Waiting waiting,
@@ -101,6 +103,7 @@ class Session : private forms::ActionSource {
   const std::vector<ScriptLine>* lines_ = nullptr;
   std::size_t next_ = 0;
   std::deque<forms::UserAction> pending_;
+  bool save_failed_ = false;
 };
 
 }  // namespace session

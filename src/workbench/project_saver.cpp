@@ -166,14 +166,49 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
 using ControlsByContainer = std::vector<std::pair<const Control*, std::shared_ptr<Control>>>;
 
 FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
+                     vbfiles::FormFile& file);
+
+// Puts the blocks of the controls inside `container` (null: the form) into
+// `node`: each control read from the file where its block was, a new one (or
+// one moved here) after the last; the place of a deleted control is dropped.
+void PlaceControls(FrmNode& node, const Control* container, const ControlsByContainer& all,
+                   vbfiles::FormFile& file) {
+  std::vector<const Control*> inside;
+  for (const auto& [holder, control] : all) {
+    if (holder == container) inside.push_back(control.get());
+  }
+  std::vector<bool> placed(inside.size());
+  const auto read_at = [](const Control& control) {
+    const auto* kept = std::any_cast<FrmNode>(&control.FileData());
+    return kept != nullptr ? kept->line_number : 0;
+  };
+  std::vector<FrmNode> children;
+  for (auto& child : node.children) {
+    if (child.kind != FrmNode::Kind::Object) {
+      children.push_back(std::move(child));
+      continue;
+    }
+    for (std::size_t i = 0; i < inside.size(); ++i) {
+      if (!placed[i] && read_at(*inside[i]) == child.line_number) {
+        placed[i] = true;
+        children.push_back(BuildControl(*inside[i], all, file));
+        break;
+      }
+    }
+  }
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    if (!placed[i]) children.push_back(BuildControl(*inside[i], all, file));
+  }
+  node.children = std::move(children);
+}
+
+FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
                      vbfiles::FormFile& file) {
   const auto* kept = std::any_cast<FrmNode>(&control.FileData());
   const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
                          control.GetFont(),   false,          kept == nullptr};
   FrmNode node = BuildBlock(kept, block, file);
-  for (const auto& [container, child] : all) {
-    if (container == &control) node.children.push_back(BuildControl(*child, all, file));
-  }
+  PlaceControls(node, &control, all, file);
   return node;
 }
 
@@ -203,16 +238,17 @@ std::string BuildFormFile(const FormComponent& form, vbfiles::FormFile& file, bo
 
   const BlockModel block{
       document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
+  // Only a renamed form gets a new VB_Name line: the line as read stays, its
+  // spelling, comment or absence included.
+  const bool renamed = document.Form().name != form.FormName();
   FrmNode root = BuildBlock(&document.Form(), block, file);
-  for (const auto& [container, control] : all) {
-    if (container == nullptr) root.children.push_back(BuildControl(*control, all, file));
-  }
+  PlaceControls(root, nullptr, all, file);
   document.Form() = std::move(root);
 
   for (const auto& control : form.Controls()) {
     if (const auto* library = LibraryToLoad(*control)) vbfiles::AddLibraryTo(document, *library);
   }
-  document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
+  if (renamed) document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
   const auto module = form.Module();
   document.SetCodeLines(module ? module->AllLines() : std::vector<vb::Text>{});
   return document.Write();
@@ -279,7 +315,12 @@ void SaveProject(const Project& project, const std::filesystem::path& vbp_path) 
   SaveSet set = BuildSaveSet(project);
   const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
   set.files.erase(set.vbp_name);
-  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes);
+  // Over the files it was read from, a file is compared with what was read.
+  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  std::error_code error;
+  const bool same_place =
+      data != nullptr && std::filesystem::equivalent(data->vbp_path, vbp_path, error);
+  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes, same_place ? &data->as_read : nullptr);
 }
 
 }  // namespace workbench

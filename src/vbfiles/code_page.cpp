@@ -2,6 +2,7 @@
 // character of the page checked to be written back with its own bytes.
 #include "vbfiles/code_page.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <map>
@@ -19,7 +20,7 @@ namespace {
 
 constexpr char16_t kByteEscape = 0xF700;
 
-bool IsEscape(char16_t c) { return c >= kByteEscape + 0x80 && c <= kByteEscape + 0xFF; }
+bool IsEscape(char16_t c) { return c >= kByteEscape && c <= kByteEscape + 0xFF; }
 
 struct Table {
   std::array<bool, 256> lead{};
@@ -136,12 +137,14 @@ std::vector<int> CodePage::Supported() {
 }
 
 bool CodePage::IsLeadByte(unsigned char byte) const {
-  return number_ != 1252 && TableFor(number_)->lead[byte];
+  const Table* found = number_ == 1252 ? nullptr : TableFor(number_);
+  return found != nullptr && found->lead[byte];
 }
 
 vb::Text CodePage::Decode(std::string_view bytes) const {
-  if (number_ == 1252) return vb::FromCp1252(bytes);
-  const Table& table = *TableFor(number_);
+  const Table* found = number_ == 1252 ? nullptr : TableFor(number_);
+  if (found == nullptr) return vb::FromCp1252(bytes);  // only 1252 is made without a table
+  const Table& table = *found;
   vb::Text text;
   text.reserve(bytes.size());
   for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -151,9 +154,16 @@ vb::Text CodePage::Decode(std::string_view bytes) const {
       continue;
     }
     if (table.lead[byte] && i + 1 < bytes.size()) {
-      const char16_t c = table.pairs[byte * 256 + static_cast<unsigned char>(bytes[i + 1])];
-      if (c != 0) {
+      const auto trail = static_cast<unsigned char>(bytes[i + 1]);
+      if (const char16_t c = table.pairs[byte * 256 + trail]; c != 0) {
         text.push_back(c);
+        ++i;
+        continue;
+      }
+      // A pair the page writes otherwise (or not at all) stays two bytes.
+      if (trail >= 0x40 && trail != 0x7F && trail != 0xFF) {
+        text.push_back(static_cast<char16_t>(kByteEscape + byte));
+        text.push_back(static_cast<char16_t>(kByteEscape + trail));
         ++i;
         continue;
       }
@@ -165,8 +175,9 @@ vb::Text CodePage::Decode(std::string_view bytes) const {
 }
 
 std::string CodePage::Encode(vb::TextView text) const {
-  if (number_ == 1252) return vb::ToCp1252(text);
-  const Table& table = *TableFor(number_);
+  const Table* found = number_ == 1252 ? nullptr : TableFor(number_);
+  if (found == nullptr) return vb::ToCp1252(text);
+  const Table& table = *found;
   std::string bytes;
   bytes.reserve(text.size());
   for (const char16_t c : text) {
@@ -211,15 +222,9 @@ int NamedCharset(std::string_view text) {
 // How many two-byte characters of the page `text` holds; nullopt when a byte
 // above 127 is no part of a character.
 std::optional<std::size_t> PairsIn(const CodePage& page, std::string_view text) {
-  std::size_t high_bytes = 0;
-  for (const unsigned char byte : text) high_bytes += byte >= 0x80 ? 1 : 0;
-  if (high_bytes == 0) return 0;
-  std::size_t high_characters = 0;
-  for (const char16_t c : page.Decode(text)) {
-    if (IsEscape(c)) return std::nullopt;
-    high_characters += c >= 0x80 ? 1 : 0;
-  }
-  return high_bytes - high_characters;
+  const vb::Text decoded = page.Decode(text);
+  if (std::any_of(decoded.begin(), decoded.end(), IsEscape)) return std::nullopt;
+  return text.size() - decoded.size();  // each pair is one character
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ vb::Failure FileFailure(std::string_view verb, const fs::path& path, std::error_
 
 namespace {
 
-std::error_code LastError() { return {errno, std::generic_category()}; }
+[[maybe_unused]] std::error_code LastError() { return {errno, std::generic_category()}; }
 
 // "<folder>/.<name>.<tag><random>": hidden, beside `path`, unlikely to be taken.
 fs::path UniqueBeside(const fs::path& path, std::string_view tag) {

@@ -191,7 +191,7 @@ void Session::RunIde(const ScriptLine& line) {
   const auto& a = line.args;
   if (v == "open") {
     Need(line, 1, 1, "open PROJECT.vbp");
-    auto project = workbench::OpenProject(Resolve(a[0]));
+    auto project = workbench::OpenProject(Resolve(a[0]), options_.code_page);
     ide_->AddProject(project);
     ide_->SetActiveProject(project);
     form_ = project->Forms().empty() ? nullptr : project->Forms().front();

@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <vector>
@@ -30,6 +31,7 @@
 #include "linux/fontconfig_catalog.hpp"
 #include "session/session_script.hpp"
 #include "session/trace.hpp"
+#include "vbfiles/code_page.hpp"
 #include "workbench/ide.hpp"
 
 namespace session {
@@ -59,6 +61,8 @@ struct SessionOptions {
   // The front end that shows the add-in's dialogs; the headless one, fed
   // from the script's user lines, when null. Must outlive the session.
   forms::Frontend* frontend = nullptr;
+  // The code page projects are opened in; the one their files say when none.
+  std::optional<vbfiles::CodePage> code_page;
 };
 
 class Session : private forms::ActionSource {

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <any>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "vb/convert.hpp"
 #include "vbfiles/control_libraries.hpp"
@@ -163,7 +165,8 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
   return node;
 }
 
-using ControlsByContainer = std::vector<std::pair<const Control*, std::shared_ptr<Control>>>;
+// The controls inside each container (null: the form), in the form's order.
+using ControlsByContainer = std::unordered_map<const Control*, std::vector<const Control*>>;
 
 FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
                      vbfiles::FormFile& file);
@@ -173,27 +176,26 @@ FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
 // one moved here) after the last; the place of a deleted control is dropped.
 void PlaceControls(FrmNode& node, const Control* container, const ControlsByContainer& all,
                    vbfiles::FormFile& file) {
-  std::vector<const Control*> inside;
-  for (const auto& [holder, control] : all) {
-    if (holder == container) inside.push_back(control.get());
-  }
+  static const std::vector<const Control*> kNone;
+  const auto found = all.find(container);
+  const auto& inside = found != all.end() ? found->second : kNone;
   std::vector<bool> placed(inside.size());
-  const auto read_at = [](const Control& control) {
-    const auto* kept = std::any_cast<FrmNode>(&control.FileData());
-    return kept != nullptr ? kept->line_number : 0;
-  };
+  std::unordered_map<std::size_t, std::size_t> by_line;  // line read from -> index
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    const auto* kept = std::any_cast<FrmNode>(&inside[i]->FileData());
+    if (kept != nullptr) by_line.emplace(kept->line_number, i);
+  }
   std::vector<FrmNode> children;
+  children.reserve(node.children.size() + inside.size());
   for (auto& child : node.children) {
     if (child.kind != FrmNode::Kind::Object) {
       children.push_back(std::move(child));
       continue;
     }
-    for (std::size_t i = 0; i < inside.size(); ++i) {
-      if (!placed[i] && read_at(*inside[i]) == child.line_number) {
-        placed[i] = true;
-        children.push_back(BuildControl(*inside[i], all, file));
-        break;
-      }
+    if (const auto it = by_line.find(child.line_number);
+        it != by_line.end() && !placed[it->second]) {
+      placed[it->second] = true;
+      children.push_back(BuildControl(*inside[it->second], all, file));
     }
   }
   for (std::size_t i = 0; i < inside.size(); ++i) {
@@ -227,13 +229,12 @@ std::string BuildFormFile(const FormComponent& form, vbfiles::FormFile& file, bo
 
   // Each control goes under its container; one whose container is no longer
   // on the form goes under the form, so it is not lost.
+  std::unordered_set<const Control*> on_form;
+  for (const auto& control : form.Controls()) on_form.insert(control.get());
   ControlsByContainer all;
   for (const auto& control : form.Controls()) {
-    const auto container = control->Container();
-    const bool placed =
-        container && std::any_of(form.Controls().begin(), form.Controls().end(),
-                                 [&](const auto& other) { return other == container; });
-    all.emplace_back(placed ? container.get() : nullptr, control);
+    const Control* container = control->Container().get();
+    all[on_form.count(container) != 0 ? container : nullptr].push_back(control.get());
   }
 
   const BlockModel block{

@@ -3,11 +3,18 @@
 //   tessaly run SCRIPT [--trace FILE] [--settings FILE] [--quiet]
 //   tessaly interactive [PROJECT.vbp] [--settings FILE]
 //   tessaly addins
+//   tessaly roundtrip PROJECT.vbp|FORM.frm... [--codepage N]
+//   tessaly check PROJECT.vbp [--codepage N]
 //
 // `run` runs a session script against the workbench IDE with the Tessaly
 // add-in loaded, printing a transcript; --trace writes the JSON Lines trace.
 // `interactive` gives a prompt for the same IDE actions and shows the add-in's
 // dialogs in the terminal. `addins` lists the add-ins the workbench offers.
+// `roundtrip` writes projects or forms into memory and reports every file
+// whose bytes would differ (exit status 1 when one would). `check` reports
+// event procedures left without their control, and default control names.
+// --codepage gives the ANSI code page projects are read in (1252, 932, 936,
+// 949, 950) where the one the files say is wrong.
 //
 // The workbench's add-in list is the registration record of the component:
 // its display name, description and load behaviour are the record's.
@@ -24,6 +31,8 @@
 #include "session/session.hpp"
 #include "tui/prompt.hpp"
 #include "tui/terminal_frontend.hpp"
+#include "vbfiles/code_page.hpp"
+#include "workbench/project_report.hpp"
 
 namespace {
 
@@ -40,8 +49,44 @@ void UseTessaly(session::SessionOptions& options) {
   options.app_title = packaging::Registration().project.name;
 }
 
+// Prints what the round trip of each path found; 1 when a byte would differ.
+int RunRoundTrip(const std::vector<std::string>& paths,
+                 const std::optional<vbfiles::CodePage>& code_page) {
+  int status = 0;
+  for (const auto& path : paths) {
+    try {
+      const auto differences = workbench::RoundTrip(path, code_page);
+      for (const auto& d : differences) {
+        std::cout << path << ": " << d.file << " line " << d.line << "\n  expected: " << d.expected
+                  << "\n  got:      " << d.got << '\n';
+      }
+      if (differences.empty()) std::cout << path << ": every byte the same\n";
+      if (!differences.empty()) status = 1;
+    } catch (const std::exception& e) {
+      std::cerr << "tessaly: " << path << ": " << e.what() << '\n';
+      status = 1;
+    }
+  }
+  return status;
+}
+
+int RunCheck(const std::string& path, const std::optional<vbfiles::CodePage>& code_page) {
+  try {
+    for (const auto& finding : workbench::CheckProject(path, code_page)) {
+      std::cout << finding.file;
+      if (finding.line != 0) std::cout << " line " << finding.line;
+      std::cout << ": " << finding.text << '\n';
+    }
+  } catch (const std::exception& e) {
+    std::cerr << "tessaly: " << path << ": " << e.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
+
 int RunScript(const std::string& script_path, const std::string& trace_path,
-              const std::string& settings_path, bool quiet) {
+              const std::string& settings_path, bool quiet,
+              const std::optional<vbfiles::CodePage>& code_page) {
   std::ifstream in(script_path, std::ios::binary);
   if (!in) {
     std::cerr << "tessaly: cannot open the script " << script_path << '\n';
@@ -63,11 +108,16 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
     options.base_dir = std::filesystem::path(script_path).parent_path();
     if (options.base_dir.empty()) options.base_dir = ".";
     options.settings_file = settings_path;
+    options.code_page = code_page;
     options.transcript = quiet ? nullptr : &std::cout;
     options.trace = trace_path.empty() ? nullptr : &trace_file;
     UseTessaly(options);
     session::Session session(std::move(options));
     session.Run(lines);
+    if (session.SaveFailed()) {
+      std::cerr << "tessaly: a save failed; see the failure in the transcript\n";
+      return 1;
+    }
   } catch (const std::exception& e) {
     std::cerr << "tessaly: " << e.what() << '\n';
     return 1;
@@ -114,11 +164,34 @@ int main(int argc, char** argv) {
   interactive->add_option("--settings", settings,
                           "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
   auto* addins = app.add_subcommand("addins", "List the add-ins the workbench offers");
+  auto* roundtrip = app.add_subcommand(
+      "roundtrip", "Read and write projects or forms in memory; report every byte that differs");
+  std::vector<std::string> roundtrip_paths;
+  roundtrip->add_option("files", roundtrip_paths, "Projects (.vbp) or forms (.frm)")->required();
+  auto* check = app.add_subcommand(
+      "check", "Report event procedures without their control, and default control names");
+  std::string check_path;
+  check->add_option("project", check_path, "The project (.vbp)")->required();
+  int code_page_number = 0;
+  const std::string code_page_help = "The projects' ANSI code page: 1252, 932, 936, 949 or 950";
+  for (auto* command : {run, roundtrip, check}) {
+    command->add_option("--codepage", code_page_number, code_page_help);
+  }
   CLI11_PARSE(app, argc, argv);
+  std::optional<vbfiles::CodePage> code_page;
+  if (code_page_number != 0) {
+    code_page = vbfiles::CodePage::FromNumber(code_page_number);
+    if (!code_page) {
+      std::cerr << "tessaly: code page " << code_page_number << " is not supported\n";
+      return 2;
+    }
+  }
+  if (roundtrip->parsed()) return RunRoundTrip(roundtrip_paths, code_page);
+  if (check->parsed()) return RunCheck(check_path, code_page);
   if (addins->parsed()) {
     session::PrintAddInList({TessalyListing()}, std::cout);
     return 0;
   }
   if (interactive->parsed()) return RunInteractive(project, settings);
-  return RunScript(script, trace, settings, quiet);
+  return RunScript(script, trace, settings, quiet, code_page);
 }

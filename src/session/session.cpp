@@ -114,6 +114,7 @@ void Session::Step(const ScriptLine& line) {
       try {
         RunIde(line);
       } catch (const vb::Failure& failure) {
+        if (line.verb == "save") save_failed_ = true;
         trace_.Emit({{"event", "failure"},
                      {"action", line.verb},
                      {"number", failure.Number()},
@@ -191,7 +192,7 @@ void Session::RunIde(const ScriptLine& line) {
   const auto& a = line.args;
   if (v == "open") {
     Need(line, 1, 1, "open PROJECT.vbp");
-    auto project = workbench::OpenProject(Resolve(a[0]));
+    auto project = workbench::OpenProject(Resolve(a[0]), options_.code_page);
     ide_->AddProject(project);
     ide_->SetActiveProject(project);
     form_ = project->Forms().empty() ? nullptr : project->Forms().front();

@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <vector>
@@ -31,6 +32,7 @@
 #include "session/script_fonts.hpp"
 #include "session/session_script.hpp"
 #include "session/trace.hpp"
+#include "vbfiles/code_page.hpp"
 #include "workbench/ide.hpp"
 
 namespace session {
@@ -61,6 +63,8 @@ struct SessionOptions {
   // The front end that shows the add-in's dialogs; the headless one, fed
   // from the script's user lines, when null. Must outlive the session.
   forms::Frontend* frontend = nullptr;
+  // The code page projects are opened in; the one their files say when none.
+  std::optional<vbfiles::CodePage> code_page;
 };
 
 class Session : private forms::ActionSource {
@@ -79,6 +83,8 @@ class Session : private forms::ActionSource {
   workbench::Ide& GetIde() { return *ide_; }
   forms::Runtime& GetRuntime() { return runtime_; }
   std::shared_ptr<workbench::FormComponent> CurrentForm() const { return form_; }
+  // Whether a `save` failed: the session went on, but its run did not succeed.
+  bool SaveFailed() const { return save_failed_; }
 
  private:
   std::optional<forms::UserAction> Next(forms::Waiting waiting,
@@ -107,6 +113,7 @@ class Session : private forms::ActionSource {
   const std::vector<ScriptLine>* lines_ = nullptr;
   std::size_t next_ = 0;
   std::deque<forms::UserAction> pending_;
+  bool save_failed_ = false;
 };
 
 }  // namespace session

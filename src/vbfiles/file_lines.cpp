@@ -1,15 +1,16 @@
 #include "vbfiles/file_lines.hpp"
 
+#include <cerrno>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
+#include <memory>
 #include <system_error>
 
 #include "vb/convert.hpp"
+#include "vbfiles/file_system.hpp"
 
 namespace vbfiles {
 
-std::vector<SourceLine> SplitLines(std::string_view bytes) {
+std::vector<SourceLine> SplitLines(std::string_view bytes, const CodePage& code_page) {
   std::vector<SourceLine> lines;
   std::size_t start = 0;
   while (start < bytes.size()) {
@@ -19,17 +20,17 @@ std::vector<SourceLine> SplitLines(std::string_view bytes) {
     if (end < bytes.size()) {
       eol_size = (bytes[end] == '\r' && end + 1 < bytes.size() && bytes[end + 1] == '\n') ? 2 : 1;
     }
-    lines.push_back({vb::FromCp1252(bytes.substr(start, end - start)),
+    lines.push_back({code_page.Decode(bytes.substr(start, end - start)),
                      std::string(bytes.substr(end, eol_size))});
     start = end + eol_size;
   }
   return lines;
 }
 
-std::string JoinLines(const std::vector<SourceLine>& lines) {
+std::string JoinLines(const std::vector<SourceLine>& lines, const CodePage& code_page) {
   std::string out;
   for (const auto& line : lines) {
-    out += vb::ToCp1252(line.text);
+    out += code_page.Encode(line.text);
     out += line.eol;
   }
   return out;
@@ -60,41 +61,22 @@ vb::Text DisplayName(const std::filesystem::path& path) {
 }
 
 std::string ReadWholeFile(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
+  errno = 0;
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> in(std::fopen(path.string().c_str(), "rb"),
+                                                     &std::fclose);
   if (!in) {
-    throw vb::Failure(vb::kFileNotFound, u"File not found: " + DisplayName(path));
-  }
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  if (in.bad()) {
-    throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: " + DisplayName(path));
-  }
-  return std::move(bytes).str();
-}
-
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
-  const auto failure = [&] {
-    return vb::Failure(vb::kPathFileAccess, u"Path/File access error: " + DisplayName(path));
-  };
-  auto temp = path;
-  temp += ".tessaly-new";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out) throw failure();
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    if (!out) {
-      std::error_code ignored;
-      std::filesystem::remove(temp, ignored);
-      throw failure();
+    if (errno == ENOENT || errno == ENOTDIR) {
+      throw vb::Failure(vb::kFileNotFound, u"File not found: " + DisplayName(path));
     }
+    throw FileFailure("read", path, {errno, std::generic_category()});
   }
-  std::error_code error;
-  std::filesystem::rename(temp, path, error);
-  if (error) {
-    std::filesystem::remove(temp, error);
-    throw failure();
+  std::string bytes;
+  char buffer[1 << 16];
+  for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, in.get())) > 0;) {
+    bytes.append(buffer, got);
   }
+  if (std::ferror(in.get())) throw FileFailure("read", path, {errno, std::generic_category()});
+  return bytes;
 }
 
 }  // namespace vbfiles

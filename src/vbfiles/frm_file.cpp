@@ -157,7 +157,10 @@ int CompareNames(vb::TextView a, vb::TextView b) {
 }  // namespace
 
 void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node) {
-  const auto at = std::find_if(nodes.begin(), nodes.end(), [&](const FrmNode& other) {
+  const auto blocks = std::find_if(nodes.begin(), nodes.end(), [](const FrmNode& other) {
+    return other.kind == FrmNode::Kind::Object;
+  });
+  const auto at = std::find_if(nodes.begin(), blocks, [&](const FrmNode& other) {
     return other.kind != FrmNode::Kind::Blank && CompareNames(other.name, node.name) > 0;
   });
   nodes.insert(at, std::move(node));
@@ -330,9 +333,11 @@ void WriteNode(const FrmNode& node, int depth, const std::string& file_eol,
 
 }  // namespace
 
-FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name) {
-  auto lines = SplitLines(bytes);
+FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
+                               const CodePage& code_page) {
+  auto lines = SplitLines(bytes, code_page);
   FrmDocument document;
+  document.code_page_ = code_page;
   document.line_end_ = CommonLineEnd(lines);
   document.ends_with_line_end_ = lines.empty() || !lines.back().eol.empty();
   Parser(std::move(lines), file_name)
@@ -351,7 +356,7 @@ std::string FrmDocument::Write() const {
     if (line.eol.empty()) line.eol = line_end_;
   }
   if (!out.empty() && !ends_with_line_end_) out.back().eol.clear();
-  return JoinLines(out);
+  return JoinLines(out, code_page_);
 }
 
 std::optional<vb::Text> FrmDocument::Attribute(vb::TextView name) const {

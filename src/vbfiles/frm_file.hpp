@@ -73,14 +73,16 @@ struct FrmNode {
 };
 
 // Puts `node` among a block's `nodes` where the IDE would have written it:
-// the IDE writes a block's properties in alphabetical order (any case), so
-// the node goes before the first entry that sorts after it.
+// the IDE writes a block's properties in alphabetical order (any case) and
+// the controls' blocks after them, so the node goes before the first entry
+// that sorts after it, and before the first control's block.
 void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node);
 
 class FrmDocument {
  public:
   // Reads a form file; `file_name` names it in failures.
-  static FrmDocument Parse(std::string_view bytes, vb::TextView file_name);
+  static FrmDocument Parse(std::string_view bytes, vb::TextView file_name,
+                           const CodePage& code_page = {});
   // The file's bytes.
   std::string Write() const;
 
@@ -108,6 +110,7 @@ class FrmDocument {
   // The line end new lines get: the one most lines of the file have.
   const std::string& LineEnd() const { return line_end_; }
   bool EndsWithLineEnd() const { return ends_with_line_end_; }
+  const CodePage& GetCodePage() const { return code_page_; }
 
  private:
   std::vector<SourceLine> header_;
@@ -116,6 +119,7 @@ class FrmDocument {
   std::vector<SourceLine> code_;
   std::string line_end_ = std::string(kCrLf);
   bool ends_with_line_end_ = true;
+  CodePage code_page_;
 };
 
 }  // namespace vbfiles

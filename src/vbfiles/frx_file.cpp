@@ -21,7 +21,7 @@ std::optional<vb::Text> FrxFile::ReadString(std::uint32_t offset) const {
   if (!count) return std::nullopt;
   const auto bytes = ReadBytes(std::size_t{offset} + 4, *count);
   if (!bytes) return std::nullopt;
-  return vb::FromCp1252(*bytes);
+  return code_page_.Decode(*bytes);
 }
 
 std::optional<vb::Text> FrxFile::ReadShortString(std::uint32_t offset) const {
@@ -29,7 +29,7 @@ std::optional<vb::Text> FrxFile::ReadShortString(std::uint32_t offset) const {
   if (!count) return std::nullopt;
   const auto bytes = ReadBytes(std::size_t{offset} + 1, *count);
   if (!bytes) return std::nullopt;
-  return vb::FromCp1252(*bytes);
+  return code_page_.Decode(*bytes);
 }
 
 std::optional<std::vector<vb::Text>> FrxFile::ReadList(std::uint32_t offset) const {
@@ -42,7 +42,7 @@ std::optional<std::vector<vb::Text>> FrxFile::ReadList(std::uint32_t offset) con
     if (!count) return std::nullopt;
     const auto bytes = ReadBytes(at + 2, *count);
     if (!bytes) return std::nullopt;
-    list.push_back(vb::FromCp1252(*bytes));
+    list.push_back(code_page_.Decode(*bytes));
     at += 2 + *count;
   }
   return list;

@@ -17,7 +17,7 @@
 //  - ItemData: a 16-bit item count, then a 32-bit value per item;
 //  - a picture: a 32-bit count of what follows, then that many bytes (the
 //    picture's own header and data).
-// Strings are Windows-1252. Reads never fail: a count that runs past the end
+// Strings are in the project's code page. Reads never fail: a count that runs past the end
 // of the file gives nullopt, so a damaged file still opens.
 #pragma once
 
@@ -28,15 +28,18 @@
 
 #include "vb/text.hpp"
 #include "vb/value.hpp"
+#include "vbfiles/code_page.hpp"
 
 namespace vbfiles {
 
 class FrxFile {
  public:
   FrxFile() = default;
-  explicit FrxFile(std::string bytes) : bytes_(std::move(bytes)) {}
+  explicit FrxFile(std::string bytes, const CodePage& code_page = {})
+      : bytes_(std::move(bytes)), code_page_(code_page) {}
 
   const std::string& Bytes() const { return bytes_; }
+  const CodePage& GetCodePage() const { return code_page_; }
 
   // The string at `offset` with a 32-bit count ($"Form1.frx":0000).
   std::optional<vb::Text> ReadString(std::uint32_t offset) const;
@@ -55,6 +58,7 @@ class FrxFile {
   std::optional<std::string> ReadBytes(std::size_t offset, std::size_t size) const;
 
   std::string bytes_;
+  CodePage code_page_;
 };
 
 }  // namespace vbfiles

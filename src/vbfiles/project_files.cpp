@@ -5,6 +5,8 @@
 
 #include <system_error>
 
+#include "vbfiles/file_commit.hpp"
+
 #include "vb/convert.hpp"
 #include "vb/failure.hpp"
 #include "vbfiles/file_lines.hpp"
@@ -48,12 +50,14 @@ std::optional<std::string> FindExisting(const fs::path& folder, const std::strin
   return found.generic_string();
 }
 
-std::string RequireExisting(const fs::path& folder, const std::string& relative) {
-  auto found = FindExisting(folder, relative);
-  if (!found) {
-    throw vb::Failure(vb::kFileNotFound, u"File not found: " + vb::FromUtf8(relative));
-  }
-  return *found;
+// The member the project file names by `path` (backslashes and all), its name
+// spelled in UTF-8 as this system names files, or else in the bytes of the
+// project's code page as a copy from the other system may have kept it.
+std::string RequireExisting(const fs::path& folder, vb::TextView path, const CodePage& code_page) {
+  const std::string generic = MemberPathToGeneric(path);
+  if (auto found = FindExisting(folder, generic)) return *found;
+  if (auto found = FindExisting(folder, code_page.Encode(vb::FromUtf8(generic)))) return *found;
+  throw vb::Failure(vb::kFileNotFound, u"File not found: " + vb::Text(path));
 }
 
 // The binary companion the IDE keeps beside a designer file: frmMain.frm ->
@@ -71,30 +75,59 @@ std::string CompanionOf(const std::string& relative) {
   return {};
 }
 
-FormFile ReadFormFile(const fs::path& folder, const std::string& relative,
-                      vb::TextView shown_name) {
+// The file's bytes, read once.
+const std::string& BytesOf(const fs::path& folder, const std::string& relative,
+                           std::map<std::string, std::string>& as_read) {
+  auto it = as_read.find(relative);
+  if (it == as_read.end()) it = as_read.emplace(relative, ReadWholeFile(folder / relative)).first;
+  return it->second;
+}
+
+FormFile ReadFormFile(const fs::path& folder, const std::string& relative, vb::TextView shown_name,
+                      std::map<std::string, std::string>& as_read, const CodePage& code_page) {
   FormFile form;
   form.relative_path = relative;
-  form.document = FrmDocument::Parse(ReadWholeFile(folder / relative), shown_name);
+  form.document = FrmDocument::Parse(BytesOf(folder, relative, as_read), shown_name, code_page);
   form.frx_relative_path = CompanionOf(relative);
   if (const auto frx = FindExisting(folder, form.frx_relative_path)) {
     form.frx_relative_path = *frx;
-    form.frx = FrxFile(ReadWholeFile(folder / *frx));
+    form.frx = FrxFile(BytesOf(folder, *frx, as_read), code_page);
   }
   return form;
 }
 
-void WriteIfChanged(const fs::path& path, const std::string& bytes) {
-  std::error_code error;
-  if (fs::exists(path, error)) {
+// The code page of a project whose project file holds `vbp_bytes`: what the
+// project file and its forms (found as that code page reads their names) say.
+CodePage DetectProjectCodePage(const fs::path& folder, const std::string& vbp_bytes,
+                               vb::TextView file_name,
+                               std::map<std::string, std::string>& as_read) {
+  const CodePage first = DetectCodePage({vbp_bytes});
+  std::vector<std::string_view> texts{vbp_bytes};
+  for (const auto& member : VbpFile::Parse(vbp_bytes, file_name, first).Members()) {
+    if (!vb::SameName(member.key, u"Form")) continue;
     try {
-      if (ReadWholeFile(path) == bytes) return;
+      texts.push_back(BytesOf(folder, RequireExisting(folder, member.path, first), as_read));
     } catch (const vb::Failure&) {
-      // Unreadable: replacing it below reports the trouble if it persists.
+      // Reading the project reports it.
     }
   }
-  if (path.has_parent_path()) fs::create_directories(path.parent_path(), error);
-  ReplaceFile(path, bytes);
+  return DetectCodePage(texts);
+}
+
+// Whether `bytes` are already what the file holds: what it was read as, when
+// it was read, or else what the disk has.
+bool Unchanged(const fs::path& path, const std::string& relative, const std::string& bytes,
+               const std::map<std::string, std::string>* as_read) {
+  if (as_read != nullptr) {
+    if (const auto it = as_read->find(relative); it != as_read->end()) return it->second == bytes;
+  }
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return false;
+  try {
+    return ReadWholeFile(path) == bytes;
+  } catch (const vb::Failure&) {
+    return false;  // unreadable: writing it reports the trouble if it persists
+  }
 }
 
 }  // namespace
@@ -117,17 +150,17 @@ FormFile FormFile::New(const vb::Text& name) {
 }
 
 vb::Text FormFile::StoreString(const vb::Text& text) {
-  const std::string bytes = vb::ToCp1252(text);
+  const std::string bytes = document.GetCodePage().Encode(text);
   std::string blob(4, '\0');
   for (std::size_t i = 0; i < 4; ++i) blob[i] = static_cast<char>((bytes.size() >> (8 * i)) & 0xFF);
   blob += bytes;
-  if (!frx) frx = FrxFile();
+  if (!frx) frx = FrxFile({}, document.GetCodePage());
   std::string all = frx->Bytes();
   auto offset = all.find(blob);
   if (offset == std::string::npos) {
     offset = all.size();
     all += blob;
-    frx = FrxFile(std::move(all));
+    frx = FrxFile(std::move(all), document.GetCodePage());
   }
   const auto file = vb::FromUtf8(fs::path(frx_relative_path).filename().string());
   return FormatFrxReference({file, static_cast<std::uint32_t>(offset), true});
@@ -140,26 +173,34 @@ vb::Text ProjectFiles::Name() const {
   return name.empty() ? vb::FromUtf8(vbp_path.stem().string()) : name;
 }
 
-ProjectFiles ReadProjectFiles(const fs::path& vbp_path) {
+ProjectFiles ReadProjectFiles(const fs::path& vbp_path, std::optional<CodePage> code_page) {
   ProjectFiles files;
   files.vbp_path = vbp_path;
-  files.vbp = VbpFile::Parse(ReadWholeFile(vbp_path), DisplayName(vbp_path.filename()));
   const fs::path folder = vbp_path.parent_path();
+  const std::string vbp_bytes = ReadWholeFile(vbp_path);
+  const vb::Text vbp_name = DisplayName(vbp_path.filename());
+  files.code_page =
+      code_page ? *code_page : DetectProjectCodePage(folder, vbp_bytes, vbp_name, files.as_read);
+  files.vbp = VbpFile::Parse(vbp_bytes, vbp_name, files.code_page);
+  files.as_read[vbp_path.filename().string()] = vbp_bytes;
   const auto keep_file = [&](const std::string& relative) {
-    files.other_files.emplace_back(relative, ReadWholeFile(folder / relative));
+    files.other_files.emplace_back(relative, BytesOf(folder, relative, files.as_read));
   };
   for (const auto& member : files.vbp.Members()) {
-    const auto relative = RequireExisting(folder, MemberPathToGeneric(member.path));
+    const auto relative = RequireExisting(folder, member.path, files.code_page);
     if (vb::SameName(member.key, u"Form")) {
-      files.forms.push_back(ReadFormFile(folder, relative, member.path));
+      files.forms.push_back(
+          ReadFormFile(folder, relative, member.path, files.as_read, files.code_page));
       continue;
     }
     keep_file(relative);
-    if (const auto companion = FindExisting(folder, CompanionOf(relative))) keep_file(*companion);
+    const auto companion = CompanionOf(relative);
+    if (companion.empty()) continue;
+    if (const auto found = FindExisting(folder, companion)) keep_file(*found);
   }
   if (const auto resources = files.vbp.Get(u"ResFile32")) {
     const auto parsed = ParseFrmValue(*resources);
-    if (!parsed.text.empty()) keep_file(RequireExisting(folder, MemberPathToGeneric(parsed.text)));
+    if (!parsed.text.empty()) keep_file(RequireExisting(folder, parsed.text, files.code_page));
   }
   return files;
 }
@@ -177,10 +218,19 @@ VbpFile NewProjectFile(const vb::Text& name, const std::optional<vb::Text>& star
 }
 
 void WriteProjectFiles(const fs::path& vbp_path, const std::map<std::string, std::string>& members,
-                       const std::string& vbp_bytes) {
+                       const std::string& vbp_bytes,
+                       const std::map<std::string, std::string>* as_read, FileSystem& files) {
   const fs::path folder = vbp_path.parent_path();
-  for (const auto& [relative, bytes] : members) WriteIfChanged(folder / relative, bytes);
-  WriteIfChanged(vbp_path, vbp_bytes);
+  std::vector<FileWrite> writes;
+  for (const auto& [relative, bytes] : members) {
+    if (!Unchanged(folder / relative, relative, bytes, as_read)) {
+      writes.push_back({folder / relative, bytes});
+    }
+  }
+  if (!Unchanged(vbp_path, vbp_path.filename().string(), vbp_bytes, as_read)) {
+    writes.push_back({vbp_path, vbp_bytes});
+  }
+  CommitFiles(writes, files);
 }
 
 }  // namespace vbfiles

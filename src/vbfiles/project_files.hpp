@@ -10,14 +10,14 @@
 // ...), are kept byte for byte to be copied when the project is saved
 // elsewhere.
 //
-// Writing is all-or-nothing per file and never loses data: each file is
-// replaced only by an atomic rename of a complete new one, only when its
-// bytes differ, members first and the project file last, so a project file
-// never names a member that was not written.
+// Writing is all or nothing for the project (file_commit.hpp): every file is
+// replaced, by an atomic rename of a complete new one, or none is. A file
+// whose bytes are what was read from it is not written at all, and the
+// project file comes last.
 //
 // Failures: a member that is missing fails with "File not found" (53) naming
-// it; an unreadable file with 53 or 75 naming it; a malformed project or form
-// file with 321 naming the file and the line.
+// it; an unreadable file with 75 naming it and the reason; a malformed
+// project or form file with 321 naming the file and the line.
 #pragma once
 
 #include <filesystem>
@@ -28,6 +28,7 @@
 #include <vector>
 
 #include "vb/text.hpp"
+#include "vbfiles/file_system.hpp"
 #include "vbfiles/frm_file.hpp"
 #include "vbfiles/frx_file.hpp"
 #include "vbfiles/vbp_file.hpp"
@@ -59,23 +60,33 @@ struct ProjectFiles {
   // Every other member, its companion and the resource file: relative path
   // and bytes.
   std::vector<std::pair<std::string, std::string>> other_files;
+  // Every file as read (the project file under its own name), by relative
+  // path: a save leaves the files whose bytes are still these alone.
+  std::map<std::string, std::string> as_read;
+  CodePage code_page;  // of every text in the project's files
 
   // Name="Sample" of the project file, or the project file's own name
   // without its extension.
   vb::Text Name() const;
 };
 
-// Reads the project whose project file is at `vbp_path`, and its members.
-ProjectFiles ReadProjectFiles(const std::filesystem::path& vbp_path);
+// Reads the project whose project file is at `vbp_path`, and its members, in
+// `code_page`, or in the code page the files say (DetectCodePage) when none.
+ProjectFiles ReadProjectFiles(const std::filesystem::path& vbp_path,
+                              std::optional<CodePage> code_page = std::nullopt);
 
 // The project file of a project that was never saved: Type=Exe, the OLE
 // Automation reference, Startup (when the project has a form), Name.
 VbpFile NewProjectFile(const vb::Text& name, const std::optional<vb::Text>& startup_form);
 
-// Writes `members` (by path relative to the project file's folder) and then
-// the project file's bytes to `vbp_path`, each only when it differs.
+// Writes `members` (by path relative to the project file's folder) and the
+// project file's bytes to `vbp_path`, all or nothing, leaving alone each file
+// whose bytes `as_read` holds for it (or, for a file it does not hold, the
+// disk holds already).
 void WriteProjectFiles(const std::filesystem::path& vbp_path,
                        const std::map<std::string, std::string>& members,
-                       const std::string& vbp_bytes);
+                       const std::string& vbp_bytes,
+                       const std::map<std::string, std::string>* as_read = nullptr,
+                       FileSystem& files = DiskFileSystem());
 
 }  // namespace vbfiles

@@ -16,9 +16,10 @@ vb::TextView TrimBlanks(vb::TextView text) {
 
 }  // namespace
 
-VbpFile VbpFile::Parse(std::string_view bytes, vb::TextView file_name) {
+VbpFile VbpFile::Parse(std::string_view bytes, vb::TextView file_name, const CodePage& code_page) {
   VbpFile file;
-  auto lines = SplitLines(bytes);
+  file.code_page_ = code_page;
+  auto lines = SplitLines(bytes, code_page);
   file.line_end_ = CommonLineEnd(lines);
   file.ends_with_line_end_ = lines.empty() || !lines.back().eol.empty();
   bool in_main = true;
@@ -49,7 +50,7 @@ std::string VbpFile::Write() const {
     if (line.eol.empty()) line.eol = line_end_;
   }
   if (!out.empty() && !ends_with_line_end_) out.back().eol.clear();
-  return JoinLines(out);
+  return JoinLines(out, code_page_);
 }
 
 std::optional<vb::Text> VbpFile::Get(vb::TextView key) const {

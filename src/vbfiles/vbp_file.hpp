@@ -30,7 +30,8 @@ struct VbpMember {
 
 class VbpFile {
  public:
-  static VbpFile Parse(std::string_view bytes, vb::TextView file_name);
+  static VbpFile Parse(std::string_view bytes, vb::TextView file_name,
+                       const CodePage& code_page = {});
   std::string Write() const;
 
   // The value text (as written, quotes kept) of the first `key` line of the
@@ -63,6 +64,7 @@ class VbpFile {
   std::vector<Line> lines_;
   std::string line_end_ = std::string(kCrLf);
   bool ends_with_line_end_ = true;
+  CodePage code_page_;
 };
 
 // "frmMain.frm" or "..\lib\x.bas" as a relative path of this system.

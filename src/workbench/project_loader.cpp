@@ -3,6 +3,7 @@
 // Sections: what the model keeps for the files, reading values, opening.
 #include "workbench/project_loader.hpp"
 
+#include <cstdio>
 #include <optional>
 
 #include "vb/convert.hpp"
@@ -20,21 +21,29 @@ namespace {
 
 // ------------------------------------------------- what the model keeps
 
+// The controls' blocks inside a block become places: each keeps only its
+// line number, which the saver matches to the control read from it, so that
+// every line stays where it was, also a property after a control's block.
 void StripObjects(FrmNode& node) {
-  std::erase_if(node.children,
-                [](const FrmNode& child) { return child.kind == FrmNode::Kind::Object; });
+  for (auto& child : node.children) {
+    if (child.kind != FrmNode::Kind::Object) continue;
+    FrmNode place;
+    place.kind = FrmNode::Kind::Object;
+    place.line_number = child.line_number;
+    child = std::move(place);
+  }
 }
 
 // The model's opaque `raw` of a property: the bytes of its line.
 std::string RawOf(const FrmNode& node) {
-  return node.line ? vb::ToCp1252(node.line->text) : std::string();
+  return node.line ? vb::ToUtf8(node.line->text) : std::string();
 }
 
 void AppendFingerprint(const FrmNode& node, std::string& out) {
   out += RawOf(node);
   out += '\n';
   for (const auto& child : node.children) AppendFingerprint(child, out);
-  if (node.end_line) out += vb::ToCp1252(node.end_line->text);
+  if (node.end_line) out += vb::ToUtf8(node.end_line->text);
 }
 
 // The font's `raw`: every line of its group as read.
@@ -46,10 +55,43 @@ std::string FingerprintOf(const FrmNode& group) {
 
 // ------------------------------------------------- reading values
 
+// Where a form's text is read from: its file's name for failures, its .frx.
+struct FormSource {
+  vb::Text file;
+  const FrxFile* frx;
+};
+
+// An offset as the file writes it: "00A0".
+vb::Text OffsetText(std::uint32_t offset) {
+  char digits[16];
+  std::snprintf(digits, sizeof digits, "%04X", static_cast<unsigned>(offset));
+  return vb::FromUtf8(digits);
+}
+
+// The text a property line keeps in the .frx. Fails (321) naming the form,
+// the line, the property and the offset when the .frx does not reach it.
+vb::Text TextFromFrx(const FrmNode& node, const vbfiles::FrxReference& reference,
+                     const FormSource& source) {
+  std::optional<vb::Text> stored;
+  if (source.frx != nullptr) {
+    stored = reference.is_string ? source.frx->ReadString(reference.offset)
+                                 : source.frx->ReadShortString(reference.offset);
+  }
+  if (stored) return *stored;
+  throw vbfiles::FileFormatFailure(
+      source.file, node.line_number,
+      node.name + u" points at offset " + OffsetText(reference.offset) + u" of " + reference.file +
+          (source.frx == nullptr
+               ? vb::Text(u", which is missing")
+               : u", which ends before the text there (" +
+                     vb::IntegerToText(static_cast<vb::Long>(source.frx->Bytes().size())) +
+                     u" bytes)"));
+}
+
 // The value a property line gives, of the rule's kind. A value the kind
 // cannot take reads as the default: the line itself is kept in `raw`, so
 // nothing of the file is lost.
-vb::Value ValueFromFile(const PropertyRule* rule, const FrmNode& node, const FrxFile* frx) {
+vb::Value ValueFromFile(const PropertyRule* rule, const FrmNode& node, const FormSource& source) {
   const FrmValue value = vbfiles::ParseFrmValue(node.value);
   vb::Text text;
   switch (value.form) {
@@ -57,13 +99,10 @@ vb::Value ValueFromFile(const PropertyRule* rule, const FrmNode& node, const Frx
       text = value.text;
       break;
     case FrmValue::Form::Frx: {
-      std::optional<vb::Text> stored;
-      if (frx != nullptr && value.frx.is_string) stored = frx->ReadString(value.frx.offset);
-      if (frx != nullptr && !value.frx.is_string && rule != nullptr &&
-          rule->type == PropertyType::Text) {
-        stored = frx->ReadShortString(value.frx.offset);
-      }
-      text = stored.value_or(node.value);
+      // Pictures and lists stay in the .frx; the line is kept in `raw`.
+      const bool is_text =
+          value.frx.is_string || (rule != nullptr && rule->type == PropertyType::Text);
+      text = is_text ? TextFromFrx(node, value.frx, source) : node.value;
       break;
     }
     case FrmValue::Form::Bare:
@@ -121,13 +160,14 @@ void EmptyNameDefaults(const std::vector<PropertySlot>& slots, Load load) {
 }
 
 void LoadControlBlock(FormComponent& form, const FrmNode& node,
-                      const std::shared_ptr<Control>& container, const FrxFile* frx) {
+                      const std::shared_ptr<Control>& container, const FormSource& source) {
   auto control = form.LoadControl(node.type, node.name, container);
   for (const auto& child : node.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
-        control->LoadProperty(
-            child.name, ValueFromFile(control->Rules().Find(child.name), child, frx), RawOf(child));
+        control->LoadProperty(child.name,
+                              ValueFromFile(control->Rules().Find(child.name), child, source),
+                              RawOf(child));
         break;
       case FrmNode::Kind::Group:
         if (vb::SameName(child.name, u"Font") && control->GetFont() != nullptr) {
@@ -135,7 +175,7 @@ void LoadControlBlock(FormComponent& form, const FrmNode& node,
         }
         break;
       case FrmNode::Kind::Object:
-        LoadControlBlock(form, child, control, frx);
+        LoadControlBlock(form, child, control, source);
         break;
       case FrmNode::Kind::Blank:
         break;
@@ -150,7 +190,7 @@ void LoadControlBlock(FormComponent& form, const FrmNode& node,
 }
 
 void LoadFormFile(Project& project, vbfiles::FormFile file) {
-  const FrxFile* frx = file.frx ? &*file.frx : nullptr;
+  const FormSource source{vb::FromUtf8(file.relative_path), file.frx ? &*file.frx : nullptr};
   FrmNode& block = file.document.Form();
   auto module = std::make_shared<CodeModule>(block.name, file.document.CodeLines());
   auto form = project.LoadForm(block.name, module);
@@ -158,14 +198,14 @@ void LoadFormFile(Project& project, vbfiles::FormFile file) {
   for (const auto& child : block.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
-        form->LoadFormProperty(child.name, ValueFromFile(rules->Find(child.name), child, frx),
+        form->LoadFormProperty(child.name, ValueFromFile(rules->Find(child.name), child, source),
                                RawOf(child));
         break;
       case FrmNode::Kind::Group:
         if (vb::SameName(child.name, u"Font")) LoadFont(form->FormFont(), child);
         break;
       case FrmNode::Kind::Object:
-        LoadControlBlock(*form, child, nullptr, frx);
+        LoadControlBlock(*form, child, nullptr, source);
         break;
       case FrmNode::Kind::Blank:
         break;
@@ -180,8 +220,9 @@ void LoadFormFile(Project& project, vbfiles::FormFile file) {
 
 }  // namespace
 
-std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path) {
-  vbfiles::ProjectFiles files = vbfiles::ReadProjectFiles(vbp_path);
+std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path,
+                                     std::optional<vbfiles::CodePage> code_page) {
+  vbfiles::ProjectFiles files = vbfiles::ReadProjectFiles(vbp_path, code_page);
   auto project = Project::Create(files.Name());
   for (auto& form : files.forms) LoadFormFile(*project, std::move(form));
   files.forms.clear();

@@ -9,8 +9,9 @@
 //
 // What the model keeps of the files, for project_saver.hpp: the project its
 // vbfiles::ProjectFiles (less the forms), each form its vbfiles::FormFile
-// (the form block without the controls' blocks), each control read from the
-// file its vbfiles::FrmNode (its block without the blocks inside it).
+// (the form block with each control's block reduced to its place: an Object
+// node holding only its line number), each control read from the file its
+// vbfiles::FrmNode (its block, the blocks inside it reduced to places).
 //
 // Failures: a file that is missing or unreadable fails with 53 or 75 naming
 // it; a malformed file fails with 321 naming the file and the line.
@@ -18,12 +19,17 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
+
+#include "vbfiles/code_page.hpp"
 
 #include "workbench/project.hpp"
 
 namespace workbench {
 
-// Opens the project whose .vbp is at `vbp_path`.
-std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path);
+// Opens the project whose .vbp is at `vbp_path`, its text in `code_page` or,
+// when none is given, in the one its files say (vbfiles/code_page.hpp).
+std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path,
+                                     std::optional<vbfiles::CodePage> code_page = std::nullopt);
 
 }  // namespace workbench

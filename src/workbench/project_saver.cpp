@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <any>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "vb/convert.hpp"
 #include "vbfiles/control_libraries.hpp"
@@ -163,7 +165,44 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
   return node;
 }
 
-using ControlsByContainer = std::vector<std::pair<const Control*, std::shared_ptr<Control>>>;
+// The controls inside each container (null: the form), in the form's order.
+using ControlsByContainer = std::unordered_map<const Control*, std::vector<const Control*>>;
+
+FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
+                     vbfiles::FormFile& file);
+
+// Puts the blocks of the controls inside `container` (null: the form) into
+// `node`: each control read from the file where its block was, a new one (or
+// one moved here) after the last; the place of a deleted control is dropped.
+void PlaceControls(FrmNode& node, const Control* container, const ControlsByContainer& all,
+                   vbfiles::FormFile& file) {
+  static const std::vector<const Control*> kNone;
+  const auto found = all.find(container);
+  const auto& inside = found != all.end() ? found->second : kNone;
+  std::vector<bool> placed(inside.size());
+  std::unordered_map<std::size_t, std::size_t> by_line;  // line read from -> index
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    const auto* kept = std::any_cast<FrmNode>(&inside[i]->FileData());
+    if (kept != nullptr) by_line.emplace(kept->line_number, i);
+  }
+  std::vector<FrmNode> children;
+  children.reserve(node.children.size() + inside.size());
+  for (auto& child : node.children) {
+    if (child.kind != FrmNode::Kind::Object) {
+      children.push_back(std::move(child));
+      continue;
+    }
+    if (const auto it = by_line.find(child.line_number);
+        it != by_line.end() && !placed[it->second]) {
+      placed[it->second] = true;
+      children.push_back(BuildControl(*inside[it->second], all, file));
+    }
+  }
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    if (!placed[i]) children.push_back(BuildControl(*inside[i], all, file));
+  }
+  node.children = std::move(children);
+}
 
 FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
                      vbfiles::FormFile& file) {
@@ -171,9 +210,7 @@ FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
   const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
                          control.GetFont(),   false,          kept == nullptr};
   FrmNode node = BuildBlock(kept, block, file);
-  for (const auto& [container, child] : all) {
-    if (container == &control) node.children.push_back(BuildControl(*child, all, file));
-  }
+  PlaceControls(node, &control, all, file);
   return node;
 }
 
@@ -192,27 +229,27 @@ std::string BuildFormFile(const FormComponent& form, vbfiles::FormFile& file, bo
 
   // Each control goes under its container; one whose container is no longer
   // on the form goes under the form, so it is not lost.
+  std::unordered_set<const Control*> on_form;
+  for (const auto& control : form.Controls()) on_form.insert(control.get());
   ControlsByContainer all;
   for (const auto& control : form.Controls()) {
-    const auto container = control->Container();
-    const bool placed =
-        container && std::any_of(form.Controls().begin(), form.Controls().end(),
-                                 [&](const auto& other) { return other == container; });
-    all.emplace_back(placed ? container.get() : nullptr, control);
+    const Control* container = control->Container().get();
+    all[on_form.count(container) != 0 ? container : nullptr].push_back(control.get());
   }
 
   const BlockModel block{
       document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
+  // Only a renamed form gets a new VB_Name line: the line as read stays, its
+  // spelling, comment or absence included.
+  const bool renamed = document.Form().name != form.FormName();
   FrmNode root = BuildBlock(&document.Form(), block, file);
-  for (const auto& [container, control] : all) {
-    if (container == nullptr) root.children.push_back(BuildControl(*control, all, file));
-  }
+  PlaceControls(root, nullptr, all, file);
   document.Form() = std::move(root);
 
   for (const auto& control : form.Controls()) {
     if (const auto* library = LibraryToLoad(*control)) vbfiles::AddLibraryTo(document, *library);
   }
-  document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
+  if (renamed) document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
   const auto module = form.Module();
   document.SetCodeLines(module ? module->AllLines() : std::vector<vb::Text>{});
   return document.Write();
@@ -279,7 +316,12 @@ void SaveProject(const Project& project, const std::filesystem::path& vbp_path) 
   SaveSet set = BuildSaveSet(project);
   const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
   set.files.erase(set.vbp_name);
-  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes);
+  // Over the files it was read from, a file is compared with what was read.
+  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  std::error_code error;
+  const bool same_place =
+      data != nullptr && std::filesystem::equivalent(data->vbp_path, vbp_path, error);
+  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes, same_place ? &data->as_read : nullptr);
 }
 
 }  // namespace workbench

@@ -380,5 +380,67 @@ TEST(OpenProject, MissingMemberNamesTheFile) {
   }
 }
 
+// The VB_Name line stays exactly as read, whatever its spelling, until the
+// form is renamed; the lines after a control's block stay after it.
+struct NameLineCase {
+  const char* name;
+  std::string attribute;  // the VB_Name line, or none
+};
+
+class VbNameLine : public ::testing::TestWithParam<NameLineCase> {};
+
+TEST_P(VbNameLine, StaysAsReadUntilTheFormIsRenamed) {
+  TempDir temp;
+  const std::string form =
+      "VERSION 5.00\r\nBegin VB.Form Form3 \r\n   Begin VB.Label L \r\n   End\r\n"
+      "   Caption = \"after the block\"\r\nEnd\r\n" +
+      GetParam().attribute + "Attribute VB_Exposed = False\r\n";
+  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
+  auto project = OpenProject(temp.Path() / "P.vbp");
+  EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
+  project->FindForm(u"Form3")->SetFormName(u"Form4");
+  const auto renamed = ProjectFileBytes(*project).at("F.frm");
+  EXPECT_NE(renamed.find("Attribute VB_Name = \"Form4\"\r\n"), std::string::npos) << renamed;
+  EXPECT_EQ(renamed.find("orm3\""), std::string::npos) << renamed;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Spellings, VbNameLine,
+    ::testing::Values(NameLineCase{"OtherCase", "Attribute VB_Name = \"form3\"\r\n"},
+                      NameLineCase{"Comment", "Attribute VB_Name = \"Form3\" ' main\r\n"},
+                      NameLineCase{"Missing", ""}),
+    [](const auto& param_info) { return std::string(param_info.param.name); });
+
+TEST(OpenProject, Cp932NamesAndTextBothWays) {
+  const auto vbp = FixturesDir() / "cp932" / "Japanese.vbp";
+  auto project = OpenProject(vbp);
+  auto form = project->FindForm(u"frmShow");
+  ASSERT_NE(form, nullptr);
+  EXPECT_EQ(form->FindControl(u"lblName")->Get(u"Caption").AsText(), u"\u30bd\\\u8868");
+  form->SetPropertyFromSheet(*form->FindControl(u"lblName"), u"Caption", u"\u65b0\u8868");
+  EXPECT_EQ(ProjectFileBytes(*project).at("\u8868\u793a.frm"),
+            Edited(ReadBytes(vbp.parent_path() / "\u8868\u793a.frm"), "\"\x83\x5c\\\x95\x5c\"",
+                   "\"\x90\x56\x95\x5c\""));
+}
+
+TEST(OpenProject, BadSideFileReferenceNamesFormPropertyAndOffset) {
+  TempDir temp;
+  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  vbfiles::testing::WriteBytes(temp.Path() / "F.frx", std::string("\x02\0\0\0ab", 6));
+  vbfiles::testing::WriteBytes(temp.Path() / "F.frm",
+                               "VERSION 5.00\r\nBegin VB.Form F \r\n"
+                               "   Caption = $\"F.frx\":0004\r\nEnd\r\n");
+  try {
+    OpenProject(temp.Path() / "P.vbp");
+    FAIL() << "opened a form pointing past its .frx";
+  } catch (const vb::Failure& failure) {
+    EXPECT_EQ(failure.Number(), vb::kBadFileFormat);
+    EXPECT_EQ(failure.Description(),
+              u"F.frm line 3: Caption points at offset 0004 of F.frx, which ends before the "
+              u"text there (6 bytes)");
+  }
+}
+
 }  // namespace
 }  // namespace workbench

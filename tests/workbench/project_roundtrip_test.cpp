@@ -26,15 +26,16 @@ TEST_P(WholeProjectRoundTrip, EveryFileComesBackUnchanged) {
   }
 }
 
+// Saved into a folder that does not exist yet.
 TEST_P(WholeProjectRoundTrip, SavedCopyIsIdentical) {
   TempDir temp;
-  const auto copy = temp.Path() / GetParam().filename();
-  SaveProject(*OpenProject(GetParam()), copy);
+  const auto folder = temp.Path() / "new" / "dir";
+  SaveProject(*OpenProject(GetParam()), folder / GetParam().filename());
   std::size_t compared = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(temp.Path())) {
-    EXPECT_EQ(ReadBytes(entry.path()),
-              ReadBytes(GetParam().parent_path() / entry.path().filename()))
-        << entry.path().filename();
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (!entry.is_regular_file()) continue;
+    const auto relative = entry.path().lexically_relative(folder);
+    EXPECT_EQ(ReadBytes(entry.path()), ReadBytes(GetParam().parent_path() / relative)) << relative;
     ++compared;
   }
   // The project file, every form, the one .frx, and the sample's module.
@@ -43,7 +44,8 @@ TEST_P(WholeProjectRoundTrip, SavedCopyIsIdentical) {
 
 INSTANTIATE_TEST_SUITE_P(Projects, WholeProjectRoundTrip,
                          ::testing::Values(SampleDir() / "Sample.vbp",
-                                           FixturesDir() / "Fixtures.vbp"),
+                                           FixturesDir() / "Fixtures.vbp",
+                                           FixturesDir() / "cp932" / "Japanese.vbp"),
                          NameOf);
 
 }  // namespace

@@ -88,17 +88,9 @@ TEST_F(SettingsStoreFileTest, FileIsReadableJsonInWritingOrder) {
   store.Save(u"Tessaly", u"Fonts", u"Name", u"Grüße");
   store.Save(u"Tessaly", u"Prompts", u"Label", u"False");
   EXPECT_EQ(ReadAll(file_),
-            "{\n"
-            "  \"Tessaly\": {\n"
-            "    \"Prompts\": {\n"
-            "      \"TextBox\": \"True\",\n"
-            "      \"Label\": \"False\"\n"
-            "    },\n"
-            "    \"Fonts\": {\n"
-            "      \"Name\": \"Grüße\"\n"
-            "    }\n"
-            "  }\n"
-            "}\n");
+            "{\n  \"Tessaly\": {\n    \"Prompts\": {\n      \"TextBox\": \"True\",\n"
+            "      \"Label\": \"False\"\n    },\n    \"Fonts\": {\n      \"Name\": \"Grüße\"\n"
+            "    }\n  }\n}\n");
   EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
 }
 
@@ -154,36 +146,33 @@ class SettingsStoreConcurrencyTest : public SettingsStoreFileTest,
 };
 
 TEST_P(SettingsStoreConcurrencyTest, WritersOfDifferentKeysLoseNone) {
-  if (GetParam() == Writers::kProcesses) {
-    std::vector<pid_t> children;
-    for (int w = 0; w < kWriters; ++w) {
-      pid_t pid = ::fork();
-      ASSERT_GE(pid, 0);
-      if (pid == 0) ::_exit(WriteKeys(file_, w) ? 0 : 1);
-      children.push_back(pid);
-    }
-    for (pid_t pid : children) {
-      int status = 0;
-      ASSERT_EQ(::waitpid(pid, &status, 0), pid);
-      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    }
-  } else {
-    bool ok[kWriters] = {};
-    std::vector<std::thread> threads;
-    for (int w = 0; w < kWriters; ++w) {
+  bool ok[kWriters] = {};
+  std::vector<pid_t> children;
+  std::vector<std::thread> threads;
+  for (int w = 0; w < kWriters; ++w) {
+    if (GetParam() == Writers::kThreads) {
       threads.emplace_back([&, w] { ok[w] = WriteKeys(file_, w); });
+      continue;
     }
-    for (auto& t : threads) t.join();
-    for (bool b : ok) EXPECT_TRUE(b);
+    const pid_t pid = ::fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) ::_exit(WriteKeys(file_, w) ? 0 : 1);
+    children.push_back(pid);
   }
+  for (auto& t : threads) t.join();
+  for (std::size_t w = 0; w < children.size(); ++w) {
+    int status = 0;
+    ASSERT_EQ(::waitpid(children[w], &status, 0), children[w]);
+    ok[w] = WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  }
+  for (bool b : ok) EXPECT_TRUE(b);
 
   FileSettingsStore store(file_);
-  for (int w = 0; w < kWriters; ++w) {
-    for (int i = 0; i < kKeys; ++i) {
-      const std::string key = "W" + std::to_string(w) + "K" + std::to_string(i);
-      ASSERT_EQ(store.Get(u"Tessaly", u"Race", vb::FromUtf8(key)), vb::FromUtf8(std::to_string(i)))
-          << key;
-    }
+  for (int key = 0; key < kWriters * kKeys; ++key) {
+    const std::string name = "W" + std::to_string(key / kKeys) + "K" + std::to_string(key % kKeys);
+    ASSERT_EQ(store.Get(u"Tessaly", u"Race", vb::FromUtf8(name)),
+              vb::FromUtf8(std::to_string(key % kKeys)))
+        << name;
   }
   EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
 }

@@ -11,26 +11,14 @@
 
 #include "workbench/code_module.hpp"
 #include "workbench/member_scan.hpp"
-#include "workbench/module_text.hpp"
+#include "workbench/model_test_support.hpp"
 
 namespace workbench {
 namespace {
 
 using Lines = std::vector<vb::Text>;
 
-std::string Describe(const std::vector<ScannedMember>& members) {
-  std::string out;
-  for (const ScannedMember& m : members) {
-    out += std::string(MemberKindName(m.kind)) + " " + vb::ToUtf8(m.name) + " " +
-           std::to_string(m.line) + "-" + (m.end_line ? std::to_string(*m.end_line) : "?");
-    for (const CodeExtent& part : m.more_parts) {
-      out += " +" + std::to_string(part.line) + "-" +
-             (part.end_line ? std::to_string(*part.end_line) : "?");
-    }
-    out += "\n";
-  }
-  return out;
-}
+using testing::Describe;
 
 class RandomModule {
  public:
@@ -116,61 +104,22 @@ class RandomModule {
 };
 
 // Every name the scan lists is found, by any case, at its first member.
-void ExpectSameLookUp(const MemberTable& table, const std::vector<ScannedMember>& scanned) {
+void ExpectSameLookUp(ide::Members& members, const std::vector<ScannedMember>& scanned) {
   for (const ScannedMember& member : scanned) {
     vb::Text upper = member.name;
     for (char16_t& c : upper) c = (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c;
-    const ScannedMember* found = table.Find(upper);
+    const auto found = members.Item(upper);
     ASSERT_NE(found, nullptr) << vb::ToUtf8(member.name);
     const auto first = std::find_if(scanned.begin(), scanned.end(), [&](const ScannedMember& m) {
       return FoldCase(m.name) == FoldCase(member.name);
     });
-    EXPECT_EQ(found->line, first->line) << vb::ToUtf8(member.name);
+    EXPECT_EQ(found->CodeLocation(), first->line) << vb::ToUtf8(member.name);
   }
-  EXPECT_EQ(table.Find(u"NoSuchMember"), nullptr);
+  EXPECT_EQ(members.Item(u"NoSuchMember"), nullptr);
 }
 
-TEST(MemberFollowTest, FollowedEditsGiveWhatANewScanGives) {
-  RandomModule random(11);
-  int followed_deletions = 0, followed_insertions = 0, scanned_anew = 0;
-  for (int round = 0; round < 100; ++round) {
-    Lines lines = random.Pieces(3 + random.Below(30));
-    ModuleText text(lines);
-    auto table = std::make_unique<MemberTable>(text);
-    for (int step = 0; step < 25; ++step) {
-      bool followed = false;
-      if (random.Below(2) == 0) {
-        const auto [first, count] = random.Deletion(table->All(), lines.size());
-        text.Erase(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count));
-        lines.erase(lines.begin() + first - 1, lines.begin() + first - 1 + count);
-        followed = table->FollowDeletion(first, count);
-        followed_deletions += followed && count > 0;
-      } else {
-        const Lines added = random.Pieces(1 + random.Below(3));
-        const std::size_t at = random.Below(2) == 0 ? lines.size() : random.Below(lines.size() + 1);
-        const auto count = text.Insert(at, RandomModule::Text(added));
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), added.begin(), added.end());
-        followed = table->FollowInsertion(text, static_cast<std::int32_t>(at + 1),
-                                          static_cast<std::int32_t>(count));
-        followed_insertions += followed;
-      }
-      const std::vector<ScannedMember> scanned = ScanMembers(lines);
-      if (!followed) {
-        ++scanned_anew;
-        table = std::make_unique<MemberTable>(text);
-      }
-      ASSERT_EQ(Describe(table->All()), Describe(scanned)) << vb::ToUtf8(RandomModule::Text(lines));
-      ExpectSameLookUp(*table, scanned);
-    }
-  }
-  // The seed gives plenty of each outcome: the test says nothing otherwise.
-  EXPECT_GT(followed_deletions, 200);
-  EXPECT_GT(followed_insertions, 200);
-  EXPECT_GT(scanned_anew, 200);
-}
-
-// The module behind the IDE's interface: collections, snapshots and member
-// objects read before an edit.
+// Through the IDE's interface: collections, snapshots and member objects read
+// before an edit.
 TEST(MemberFollowTest, ModuleMembersMatchANewScanAfterEveryEdit) {
   RandomModule random(5);
   for (int round = 0; round < 60; ++round) {
@@ -181,7 +130,7 @@ TEST(MemberFollowTest, ModuleMembersMatchANewScanAfterEveryEdit) {
       // neither is held, the module changes its table in place.
       std::shared_ptr<const MemberTable> snapshot = module->ScannedMembers();
       const std::vector<ScannedMember> before = snapshot->All();
-      const std::string snapshot_said = Describe(before);
+      const auto snapshot_said = Describe(before);
       std::shared_ptr<ide::Member> held;
       std::int32_t held_at = 0;
       if (!before.empty() && random.Below(3) == 0) {
@@ -213,11 +162,8 @@ TEST(MemberFollowTest, ModuleMembersMatchANewScanAfterEveryEdit) {
       for (std::size_t i = 0; i < all.size(); ++i) {
         EXPECT_EQ(all[i]->Name(), scanned[i].name);
         EXPECT_EQ(all[i]->CodeLocation(), scanned[i].line);
-        EXPECT_EQ(members->Item(scanned[i].name).get(),
-                  all[static_cast<std::size_t>(module->ScannedMembers()->Find(scanned[i].name) -
-                                               module->ScannedMembers()->All().data())]
-                      .get());
       }
+      ExpectSameLookUp(*members, scanned);
       if (snapshot) {
         EXPECT_EQ(Describe(snapshot->All()), snapshot_said);
       }
@@ -226,21 +172,6 @@ TEST(MemberFollowTest, ModuleMembersMatchANewScanAfterEveryEdit) {
       }
     }
   }
-}
-
-TEST(MemberFollowTest, RemovingTheFirstOfANameFindsTheNext) {
-  auto module = std::make_shared<CodeModule>(
-      u"Form1",
-      Lines{u"Sub Twin()", u"End Sub", u"Sub Other()", u"End Sub", u"Sub TWIN()", u"End Sub"});
-  const auto members = module->Members();
-  ASSERT_EQ(members->Item(u"twin")->CodeLocation(), 1);
-  module->DeleteLines(1, 2);
-  ASSERT_NE(members->Item(u"twin"), nullptr);
-  EXPECT_EQ(members->Item(u"twin")->Name(), u"TWIN");
-  EXPECT_EQ(members->Item(u"twin")->CodeLocation(), 3);
-  module->InsertLines(1, u"Sub tWin()\r\nEnd Sub");
-  EXPECT_EQ(members->Item(u"twin")->Name(), u"tWin");
-  EXPECT_EQ(members->Item(u"TWIN")->CodeLocation(), 1);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "workbench/control.hpp"
 #include "workbench/form_component.hpp"
 #include "workbench/ide_observer.hpp"
+#include "workbench/member_scan.hpp"
 #include "workbench/project.hpp"
 
 namespace workbench::testing {
@@ -19,6 +20,29 @@ inline std::string U8(const vb::Text& text) { return vb::ToUtf8(text); }
 
 inline std::string Describe(const vb::Value& value) {
   return std::string(vb::KindName(value.GetKind())) + ":" + U8(value.ToText());
+}
+
+// "Sub Foo 3-5": kind, name, declaration line and closing line ("?" when the
+// module ends first); "+6-8" for each further Property procedure.
+inline std::string Describe(const ScannedMember& m) {
+  std::string out =
+      std::string(MemberKindName(m.kind)) + " " + U8(m.name) + " " + std::to_string(m.line);
+  if (m.end_line) {
+    out += "-" + std::to_string(*m.end_line);
+  } else if (IsProcedure(m.kind) || m.kind == MemberKind::Type || m.kind == MemberKind::Enum) {
+    out += "-?";
+  }
+  for (const CodeExtent& part : m.more_parts) {
+    out += " +" + std::to_string(part.line) + "-" +
+           (part.end_line ? std::to_string(*part.end_line) : "?");
+  }
+  return out;
+}
+
+inline std::vector<std::string> Describe(const std::vector<ScannedMember>& members) {
+  std::vector<std::string> out;
+  for (const ScannedMember& m : members) out.push_back(Describe(m));
+  return out;
 }
 
 // The failure number of `call`, or 0 when it succeeds.

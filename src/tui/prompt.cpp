@@ -57,13 +57,16 @@ const char* PromptHelp() {
   code insert LINE "TEXT"        insert lines before LINE
   code delete FIRST COUNT        delete lines
   refuse NAME PROPERTY "TEXT" [always]   make the IDE refuse a write
+  refuse next PROPERTY "TEXT" [always]   ... of the next control dropped
   store APP SECTION KEY "TEXT"   put a value into the settings store
+  unstore APP SECTION KEY        remove a value from the settings store
   save [PATH.vbp]                write the project, or a copy of it
 Inspections:
   dump                           the project's forms, controls and properties
   state                          the controls of the open dialog
   listing                        the selected form's code
   echo "TEXT"                    print a text
+  mark "TEXT"                    a checkpoint in the trace
 Prompt:
   help                           this list
   quit                           end (also exit, or Ctrl+D)

@@ -1,5 +1,5 @@
 // Shared pieces of the project-file tests: where fixtures live, whole files,
-// a temporary folder, and a diff of two files by lines.
+// a temporary folder, the text of a failure, and a file edited by replacing.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,6 +12,9 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "vb/convert.hpp"
+#include "vb/failure.hpp"
 
 namespace vbfiles::testing {
 
@@ -81,6 +84,18 @@ inline std::string Edited(std::string text, const std::string& from, const std::
   EXPECT_NE(at, std::string::npos) << "missing in the original: " << from;
   if (at != std::string::npos) text.replace(at, from.size(), to);
   return text;
+}
+
+// "321: bad.frm line 2: ..." -- the number and description of the failure
+// `call` throws, or "no failure".
+template <typename Call>
+std::string FailureText(Call&& call) {
+  try {
+    call();
+  } catch (const vb::Failure& failure) {
+    return std::to_string(failure.Number()) + ": " + vb::ToUtf8(failure.Description());
+  }
+  return "no failure";
 }
 
 }  // namespace vbfiles::testing

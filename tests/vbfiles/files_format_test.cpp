@@ -50,45 +50,35 @@ TEST(CommonLineEnd, MostLinesDecideAndCrLfWinsTies) {
 
 // --- values ---
 
-struct ValueCase {
-  std::u16string text;
-  FrmValue::Form form;
-  std::u16string value;  // text, or the .frx file name
-  std::u16string comment;
-  std::uint32_t offset = 0;
-  bool is_string = false;
-};
-
-void PrintTo(const ValueCase& c, std::ostream* os) { *os << vb::ToUtf8(c.text); }
-
-class ParseValueTest : public ::testing::TestWithParam<ValueCase> {};
-
-TEST_P(ParseValueTest, ReadsTheForm) {
-  const auto& c = GetParam();
-  const FrmValue value = ParseFrmValue(c.text);
-  EXPECT_EQ(value.form, c.form);
-  EXPECT_EQ(value.comment, c.comment);
-  if (c.form == FrmValue::Form::Frx) {
-    EXPECT_EQ(value.frx, (FrxReference{c.value, c.offset, c.is_string}));
-  } else {
-    EXPECT_EQ(value.text, c.value);
-  }
+// "quoted Check1", "frx $Form1.frx@0", "bare -1 'True": the form, then what
+// it holds.
+std::string Describe(const FrmValue& v) {
+  const std::string held =
+      v.form == FrmValue::Form::Frx
+          ? "frx " + std::string(v.frx.is_string ? "$" : "") + vb::ToUtf8(v.frx.file) + "@" +
+                std::to_string(v.frx.offset)
+          : (v.form == FrmValue::Form::Quoted ? "quoted " : "bare ") + vb::ToUtf8(v.text);
+  return v.comment.empty() ? held : held + " '" + vb::ToUtf8(v.comment);
 }
 
-using F = FrmValue::Form;
+class ParseValueTest : public ::testing::TestWithParam<std::pair<std::u16string, std::string>> {};
+
+TEST_P(ParseValueTest, ReadsTheForm) {
+  EXPECT_EQ(Describe(ParseFrmValue(GetParam().first)), GetParam().second);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Values, ParseValueTest,
-    ::testing::Values(ValueCase{u"\"Check1\"", F::Quoted, u"Check1", u""},
-                      ValueCase{u"\"Say \"\"hi\"\"\"", F::Quoted, u"Say \"hi\"", u""},
-                      ValueCase{u"\"it's 'quoted'\"", F::Quoted, u"it's 'quoted'", u""},
-                      ValueCase{u"\"no end", F::Quoted, u"no end", u""},
-                      ValueCase{u"$\"Form1.frx\":0000", F::Frx, u"Form1.frx", u"", 0, true},
-                      ValueCase{u"\"Form1.frx\":10A4", F::Frx, u"Form1.frx", u"", 0x10A4, false},
-                      ValueCase{u"-1  'True", F::Bare, u"-1", u"True"},
-                      ValueCase{u"3  'Windows Default", F::Bare, u"3", u"Windows Default"},
-                      ValueCase{u"&H8000000F&", F::Bare, u"&H8000000F&", u""},
-                      ValueCase{u"^O", F::Bare, u"^O", u""},
-                      ValueCase{u"   8.25   ", F::Bare, u"8.25", u""}));
+    ::testing::Values(std::pair(u"\"Check1\"", "quoted Check1"),
+                      std::pair(u"\"Say \"\"hi\"\"\"", "quoted Say \"hi\""),
+                      std::pair(u"\"it's 'quoted'\"", "quoted it's 'quoted'"),
+                      std::pair(u"\"no end", "quoted no end"),
+                      std::pair(u"$\"Form1.frx\":0000", "frx $Form1.frx@0"),
+                      std::pair(u"\"Form1.frx\":10A4", "frx Form1.frx@4260" /* 0x10A4 */),
+                      std::pair(u"-1  'True", "bare -1 'True"),
+                      std::pair(u"3  'Windows Default", "bare 3 'Windows Default"),
+                      std::pair(u"&H8000000F&", "bare &H8000000F&"), std::pair(u"^O", "bare ^O"),
+                      std::pair(u"   8.25   ", "bare 8.25")));
 
 struct LineCase {
   int depth;

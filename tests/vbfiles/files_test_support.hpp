@@ -51,14 +51,9 @@ inline void WriteBytes(const std::filesystem::path& path, const std::string& byt
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {
  public:
-  TempDir() {
-    std::random_device seed;
-    path_ = std::filesystem::temp_directory_path() /
-            ("tessaly-files-" + std::to_string(seed()) + std::to_string(seed()));
-    std::filesystem::create_directories(path_);
-  }
+  TempDir() { std::filesystem::create_directories(path_); }
   ~TempDir() {
-    std::error_code ignored;
+    std::error_code ignored;  // a destructor must not throw
     std::filesystem::remove_all(path_, ignored);
   }
   TempDir(const TempDir&) = delete;
@@ -66,16 +61,10 @@ class TempDir {
   const std::filesystem::path& Path() const { return path_; }
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                ("tessaly-files-" + std::to_string(std::random_device()()) +
+                                 std::to_string(std::random_device()()));
 };
-
-// Copies every file of `from` (not recursive) into `to`.
-inline void CopyFolder(const std::filesystem::path& from, const std::filesystem::path& to) {
-  for (const auto& entry : std::filesystem::directory_iterator(from)) {
-    if (entry.is_regular_file())
-      std::filesystem::copy_file(entry.path(), to / entry.path().filename());
-  }
-}
 
 // The text with every occurrence of `from` replaced once: builds the file a
 // test expects from the file as read. Fails the test when `from` is missing.

@@ -319,7 +319,7 @@ TEST_F(FixtureEdits, NewFormGetsAFileAndAProjectLine) {
 
 TEST(SaveProject, ReplacesOnlyWhatChangedAndLeavesNoTemporaryFile) {
   TempDir temp;
-  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
+  fs::copy(SampleDir(), temp.Path());
   auto project = OpenProject(temp.Path() / "Sample.vbp");
   const auto module_time = fs::last_write_time(temp.Path() / "modUtil.bas");
   Sheet(*project, u"Label1", u"Caption", u"Your name:");
@@ -347,7 +347,7 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
 
 TEST(OpenProject, FindsMembersWhoseNameDiffersInCase) {
   TempDir temp;
-  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
+  fs::copy(SampleDir(), temp.Path());
   fs::rename(temp.Path() / "frmMain.frm", temp.Path() / "FRMMAIN.FRM");
   auto project = OpenProject(temp.Path() / "Sample.vbp");
   EXPECT_NE(project->FindForm(u"frmMain"), nullptr);

@@ -1,5 +1,6 @@
 // Edits made through the model reach the files as exactly the lines the IDE
 // would write, and nothing else changes.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -52,10 +53,16 @@ const std::string kBlock = "\x01";  // as `to`: the block `from` opens goes
 // expected.
 struct FileEdit {
   const char* name;
-  const char* file;
   std::function<void(Project&)> edit;
   std::vector<std::pair<std::string, std::string>> changes;
+  std::string file = "frmMain.frm";
 };
+
+// The edit that types `text` into the sheet.
+std::function<void(Project&)> Typed(vb::Text control, vb::Text property, vb::Text text,
+                                    vb::Text form = u"frmMain") {
+  return [=](Project& p) { Sheet(p, control, property, text, form); };
+}
 
 void PrintTo(const FileEdit& c, std::ostream* os) { *os << c.name; }
 
@@ -63,7 +70,7 @@ class FileEdits : public ::testing::TestWithParam<FileEdit> {};
 
 TEST_P(FileEdits, ChangeExactlyTheExpectedLines) {
   const FileEdit& c = GetParam();
-  const bool sample = std::string(c.file) == "frmMain.frm";
+  const bool sample = c.file == "frmMain.frm";
   const fs::path dir = sample ? SampleDir() : FixturesDir();
   auto project = OpenProject(dir / (sample ? "Sample.vbp" : "Fixtures.vbp"));
   c.edit(*project);
@@ -92,43 +99,34 @@ INSTANTIATE_TEST_SUITE_P(
     Sample, FileEdits,
     ::testing::Values(
         FileEdit{"ChangedTextReplacesItsLine",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Check1", u"Caption", u"Keep \"it\""); },
+                 Typed(u"Check1", u"Caption", u"Keep \"it\""),
                  {{"\"Remember the name\"", "\"Keep \"\"it\"\"\""}}},
         FileEdit{"NewBooleanGoesInAlphabeticalPlace",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Text1", u"Enabled", u"False"); },
+                 Typed(u"Text1", u"Enabled", u"False"),
                  {{"Text1 \r\n      Height",
                    "Text1 \r\n      Enabled         =   0   'False\r\n      Height"}}},
         FileEdit{"ValueBackToDefaultLosesItsLine",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Command1", u"Enabled", u"True"); },
+                 Typed(u"Command1", u"Enabled", u"True"),
                  {{"      Enabled         =   0   'False\r\n", ""}}},
         FileEdit{"EnumerationGetsItsName",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Label1", u"Alignment", u"2"); },
+                 Typed(u"Label1", u"Alignment", u"2"),
                  {{"Label1 \r\n      Caption",
                    "Label1 \r\n      Alignment       =   2  'Center\r\n      Caption"}}},
         FileEdit{"CheckBoxValueGetsItsName",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Check1", u"Value", u"1"); },
+                 Typed(u"Check1", u"Value", u"1"),
                  {{"      Top             =   1080\r\n",
                    "      Top             =   1080\r\n      Value           =   1  'Checked\r\n"}}},
         FileEdit{"DeletedContainerTakesItsControls",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->DeleteControl(u"Frame1"); },
                  {{"   Begin VB.Frame Frame1 ", kBlock}}},
         FileEdit{"RenamedControlGetsANewBeginLine",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->RenameControl(u"Text1", u"txtName"); },
                  {{"   Begin VB.TextBox Text1 \r\n", "   Begin VB.TextBox txtName \r\n"}}},
         FileEdit{
             "NewControlGoesLastInItsContainer",
-            "frmMain.frm",
             [](Project& p) { p.Forms().front()->AddControl(u"CommandButton"); },
             {{"   End\r\nEnd\r\nAttribute", "   End\r\n" + kCommand2Block + "End\r\nAttribute"}}},
         FileEdit{"ChangedFontGetsAFullBlock",
-                 "frmMain.frm",
                  [](Project& p) {
                    ControlOn(p, u"frmMain", u"Label1")
                        ->WriteFont(ide::FontDispId::Bold, vb::Value(vb::Boolean::True));
@@ -146,14 +144,12 @@ INSTANTIATE_TEST_SUITE_P(
                    "      EndProperty\r\n"}}},
         FileEdit{
             "AddedCodeUsesTheFileLineEnds",
-            "frmMain.frm",
             [](Project& p) {
               p.Forms().front()->Module()->AddFromString(
                   u"\r\nPrivate Sub Form_Load()\r\n    Text1.Text = \"\"\r\nEnd Sub");
             },
             {{kAppend, "\r\nPrivate Sub Form_Load()\r\n    Text1.Text = \"\"\r\nEnd Sub\r\n"}}},
         FileEdit{"DeletedCodeLinesAreGone",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->Module()->DeleteLines(1, 2); },
                  {{"Attribute VB_Exposed = False\r\nOption Explicit\r\n\r\n",
                    "Attribute VB_Exposed = False\r\n"}}}));
@@ -163,27 +159,26 @@ INSTANTIATE_TEST_SUITE_P(
     Fixtures, FileEdits,
     ::testing::Values(
         FileEdit{"LfOnlyFileGetsLfLines",
-                 "lf_only.frm",
                  [](Project& p) {
                    Sheet(p, u"cmdGo", u"Caption", u"Run", u"frmUnix");
                    p.FindForm(u"frmUnix")->Module()->AddFromString(u"' more");
                  },
-                 {{"\"Go\"", "\"Run\""}, {kAppend, "' more\n"}}},
+                 {{"\"Go\"", "\"Run\""}, {kAppend, "' more\n"}},
+                 "lf_only.frm"},
         FileEdit{"FileWithoutFinalLineEndStaysWithout",
-                 "no_final_eol.frm",
                  [](Project& p) {
                    p.FindForm(u"frmOpenEnd")->Module()->AddFromString(u"' and now here");
                  },
-                 {{kAppend, "\r\n' and now here"}}},
+                 {{kAppend, "\r\n' and now here"}},
+                 "no_final_eol.frm"},
         FileEdit{"CodeAddedToAFormWithNoCodeFollowsTheAttributes",
-                 "no_code.frm",
                  [](Project& p) {
                    p.FindForm(u"frmEmpty")->Module()->AddFromString(u"Option Explicit");
                  },
-                 {{kAppend, "Option Explicit\r\n"}}},
+                 {{kAppend, "Option Explicit\r\n"}},
+                 "no_code.frm"},
         // A new line takes the end most lines have; the lines around keep theirs.
         FileEdit{"MixedLineEndsKeepEachLinesOwnEnd",
-                 "mixed_line_ends.frm",
                  [](Project& p) {
                    Sheet(p, u"txtOne", u"TabIndex", u"1", u"frmMixed");
                    Sheet(p, u"txtOne", u"Text", u"uno", u"frmMixed");
@@ -193,34 +188,33 @@ INSTANTIATE_TEST_SUITE_P(
                  {{"TabIndex        =   0\n", "TabIndex        =   1\n"},
                   {"\"one\"\r\n", "\"uno\"\r\n"},
                   {"Option Explicit\r\n\n", "Option Explicit\r\n"},
-                  {kAppend, "' added\r\n"}}},
+                  {kAppend, "' added\r\n"}},
+                 "mixed_line_ends.frm"},
         FileEdit{"ArrayMemberDeletedByIndex",
-                 "control_array.frm",
                  [](Project& p) { p.FindForm(u"frmArray")->DeleteControl(u"optChoice", 2); },
-                 {{"   Begin VB.OptionButton optChoice ", kBlock}}},
+                 {{"   Begin VB.OptionButton optChoice ", kBlock}},
+                 "control_array.frm"},
         FileEdit{"InnerContainerDeletedWithItsControlsOnly",
-                 "nested_frames.frm",
                  [](Project& p) { p.FindForm(u"frmNested")->DeleteControl(u"fraInner"); },
-                 {{"         Begin VB.Frame fraInner ", kBlock}}},
+                 {{"         Begin VB.Frame fraInner ", kBlock}},
+                 "nested_frames.frm"},
         FileEdit{"UnknownClassKeepsItsProperties",
-                 "unknown_class.frm",
-                 [](Project& p) { Sheet(p, u"dtpWhen", u"Left", u"240", u"frmPicker"); },
+                 Typed(u"dtpWhen", u"Left", u"240", u"frmPicker"),
                  {{"Left            =   120\r\n      TabIndex",
-                   "Left            =   240\r\n      TabIndex"}}},
+                   "Left            =   240\r\n      TabIndex"}},
+                 "unknown_class.frm"},
         FileEdit{"OtherLibrariesGroupsAndFontsSurviveAnEdit",
-                 "font_blocks.frm",
-                 [](Project& p) { Sheet(p, u"lvwItems", u"Top", u"1440", u"frmFonts"); },
-                 {{"Top             =   1320", "Top             =   1440"}}},
+                 Typed(u"lvwItems", u"Top", u"1440", u"frmFonts"),
+                 {{"Top             =   1320", "Top             =   1440"}},
+                 "font_blocks.frm"},
         FileEdit{"ChangedSideFileStringGoesInline",
-                 "frx_refs.frm",
-                 [](Project& p) { Sheet(p, u"txtNotes", u"Text", u"one line", u"frmFrx"); },
-                 {{"$\"frx_refs.frx\":0000", "\"one line\""}}},
+                 Typed(u"txtNotes", u"Text", u"one line", u"frmFrx"),
+                 {{"$\"frx_refs.frx\":0000", "\"one line\""}},
+                 "frx_refs.frm"},
         FileEdit{"WindowsCodePageText",
-                 "cp1252.frm",
-                 [](Project& p) {
-                   Sheet(p, u"lblPrice", u"Caption", u"\u00c4rger \u2013 5 \u20ac", u"frmAccents");
-                 },
-                 {{"Preis: 10 \x80 \x84netto\x93", "\xc4rger \x96 5 \x80"}}}));
+                 Typed(u"lblPrice", u"Caption", u"\u00c4rger \u2013 5 \u20ac", u"frmAccents"),
+                 {{"Preis: 10 \x80 \x84netto\x93", "\xc4rger \x96 5 \x80"}},
+                 "cp1252.frm"}));
 
 // --- Values as read into the model ------------------------------------------
 
@@ -358,8 +352,7 @@ TEST(OpenProject, MissingMemberNamesTheFile) {
   TempDir temp;
   vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=Gone.frm\r\n");
   const auto open = [&] { OpenProject(temp.Path() / "P.vbp"); };
-  EXPECT_EQ(testing::FailureOf(open), vb::kFileNotFound);
-  EXPECT_NE(testing::DescriptionOf(open).find("Gone.frm"), std::string::npos);
+  EXPECT_THAT(vbfiles::testing::FailureText(open), ::testing::MatchesRegex("53: .*Gone.frm.*"));
 }
 
 // The VB_Name line stays exactly as read, whatever its spelling, until the

@@ -17,6 +17,10 @@
 namespace workbench::testing {
 
 inline std::string U8(const vb::Text& text) { return vb::ToUtf8(text); }
+inline vb::Value I(int n) { return vb::Value(static_cast<vb::Integer>(n)); }
+inline vb::Value L(int n) { return vb::Value(static_cast<vb::Long>(n)); }
+inline const vb::Value kTrue(vb::Boolean::True);
+inline const vb::Value kFalse(vb::Boolean::False);
 
 inline std::string Describe(const vb::Value& value) {
   return std::string(vb::KindName(value.GetKind())) + ":" + U8(value.ToText());
@@ -54,17 +58,6 @@ std::int32_t FailureOf(Call&& call) {
     return failure.Number();
   }
   return 0;
-}
-
-// The failure's description (UTF-8), or "" when `call` succeeds.
-template <typename Call>
-std::string DescriptionOf(Call&& call) {
-  try {
-    call();
-  } catch (const vb::Failure& failure) {
-    return U8(failure.Description());
-  }
-  return "";
 }
 
 // Every write and control event as a line: "write Text1.Caption text:Hi ok",

@@ -3,6 +3,7 @@
 // a whole sequence in one assertion.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -101,16 +102,22 @@ class RecordingSink : public ide::VBControlsEventsSink {
  public:
   RecordingSink(std::string tag, std::vector<std::string>& log) : tag_(std::move(tag)), log_(log) {}
 
+  // Called after each event is logged, to act as a sink may.
+  std::function<void()> then = [] {};
+
   void ItemAdded(const std::shared_ptr<ide::VBControl>& control) override {
     log_.push_back(tag_ + " ItemAdded " + Path(control));
+    then();
   }
   void ItemRemoved(const std::shared_ptr<ide::VBControl>& control) override {
     log_.push_back(tag_ + " ItemRemoved " + Path(control));
+    then();
   }
   void ItemRenamed(const std::shared_ptr<ide::VBControl>& control, const vb::Text& old_name,
                    std::int32_t old_index) override {
     log_.push_back(tag_ + " ItemRenamed " + Path(control) + " from " + U8(old_name) + "(" +
                    std::to_string(old_index) + ")");
+    then();
   }
 
   // "Form1.Text1" read through Collection/Parent/Parent and Properties.

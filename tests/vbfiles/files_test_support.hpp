@@ -48,6 +48,14 @@ inline void WriteBytes(const std::filesystem::path& path, const std::string& byt
   out << bytes;
 }
 
+// P.vbp in `folder` with the one form F.frm holding `form`; the project file.
+inline std::filesystem::path WriteOneFormProject(const std::filesystem::path& folder,
+                                                 const std::string& form) {
+  WriteBytes(folder / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  WriteBytes(folder / "F.frm", form);
+  return folder / "P.vbp";
+}
+
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {
  public:

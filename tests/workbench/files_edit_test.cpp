@@ -13,11 +13,13 @@
 namespace workbench {
 namespace {
 
+using ::testing::HasSubstr;
 using vbfiles::testing::Edited;
 using vbfiles::testing::FixturesDir;
 using vbfiles::testing::ReadBytes;
 using vbfiles::testing::SampleDir;
 using vbfiles::testing::TempDir;
+using vbfiles::testing::WriteOneFormProject;
 namespace fs = std::filesystem;
 
 std::shared_ptr<Control> ControlOn(const Project& project, vb::TextView form, vb::TextView name,
@@ -281,28 +283,26 @@ TEST_F(FixtureEdits, StringWithLineBreaksIsAddedToTheSideFile) {
 TEST_F(FixtureEdits, NewControlOfAnotherLibraryLoadsIt) {
   project_->FindForm(u"frmPicker")->AddControl(u"RichTextBox");
   const std::string frm = Saved("unknown_class.frm");
-  EXPECT_NE(
-      frm.find("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
-               "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
-               "Begin VB.Form frmPicker \r\n"),
-      std::string::npos);
-  EXPECT_NE(frm.find("   Begin RichTextLib.RichTextBox RichTextBox1 \r\n"), std::string::npos);
-  EXPECT_NE(Saved("Fixtures.vbp")
-                .find("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
-                      "RICHTX32.OCX\r\nForm=nested_frames.frm"),
-            std::string::npos);
+  EXPECT_THAT(
+      frm,
+      HasSubstr("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
+                "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
+                "Begin VB.Form frmPicker \r\n"));
+  EXPECT_THAT(frm, HasSubstr("   Begin RichTextLib.RichTextBox RichTextBox1 \r\n"));
+  EXPECT_THAT(Saved("Fixtures.vbp"),
+              HasSubstr("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
+                        "RICHTX32.OCX\r\nForm=nested_frames.frm"));
 }
 
 TEST_F(FixtureEdits, NewFormGetsAFileAndAProjectLine) {
   project_->AddForm(u"frmNew")->AddControl(u"Label");
   const auto files = ProjectFileBytes(*project_);
-  EXPECT_NE(files.at("Fixtures.vbp").find("Form=unknown_class.frm\r\nForm=frmNew.frm\r\n"),
-            std::string::npos);
+  EXPECT_THAT(files.at("Fixtures.vbp"), HasSubstr("Form=unknown_class.frm\r\nForm=frmNew.frm\r\n"));
   const std::string frm = files.at("frmNew.frm");
   EXPECT_EQ(frm.rfind("VERSION 5.00\r\nBegin VB.Form frmNew \r\n", 0), 0U);
-  EXPECT_NE(frm.find("   Begin VB.Label Label1 \r\n      Caption         =   \"Label1\"\r\n"),
-            std::string::npos);
-  EXPECT_NE(frm.find("End\r\nAttribute VB_Name = \"frmNew\"\r\n"), std::string::npos);
+  EXPECT_THAT(frm,
+              HasSubstr("   Begin VB.Label Label1 \r\n      Caption         =   \"Label1\"\r\n"));
+  EXPECT_THAT(frm, HasSubstr("End\r\nAttribute VB_Name = \"frmNew\"\r\n"));
   // What is written reads back as the same form.
   TempDir temp;
   SaveProject(*project_, temp.Path() / "Fixtures.vbp");
@@ -318,7 +318,7 @@ TEST(SaveProject, ReplacesOnlyWhatChangedAndLeavesNoTemporaryFile) {
   const auto module_time = fs::last_write_time(temp.Path() / "modUtil.bas");
   Sheet(*project, u"Label1", u"Caption", u"Your name:");
   SaveProject(*project);
-  EXPECT_NE(ReadBytes(temp.Path() / "frmMain.frm").find("\"Your name:\""), std::string::npos);
+  EXPECT_THAT(ReadBytes(temp.Path() / "frmMain.frm"), HasSubstr("\"Your name:\""));
   EXPECT_EQ(fs::last_write_time(temp.Path() / "modUtil.bas"), module_time);
   const auto entries = fs::directory_iterator(temp.Path());
   EXPECT_EQ(std::distance(fs::begin(entries), fs::end(entries)), 3);
@@ -330,9 +330,7 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
       "VERSION 5.00\r\nBegin VB.Form F \r\n   Begin VB.Label L \r\n"
       "      Caption         =   \"one\"\r\n      Caption         =   \"two\"\r\n"
       "   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n";
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
-  auto project = OpenProject(temp.Path() / "P.vbp");
+  auto project = OpenProject(WriteOneFormProject(temp.Path(), form));
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
   Sheet(*project, u"L", u"Caption", u"three", u"F");
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"),
@@ -370,14 +368,12 @@ TEST_P(VbNameLine, StaysAsReadUntilTheFormIsRenamed) {
       "VERSION 5.00\r\nBegin VB.Form Form3 \r\n   Begin VB.Label L \r\n   End\r\n"
       "   Caption = \"after the block\"\r\nEnd\r\n" +
       GetParam().attribute + "Attribute VB_Exposed = False\r\n";
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
-  auto project = OpenProject(temp.Path() / "P.vbp");
+  auto project = OpenProject(WriteOneFormProject(temp.Path(), form));
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
   project->FindForm(u"Form3")->SetFormName(u"Form4");
   const auto renamed = ProjectFileBytes(*project).at("F.frm");
-  EXPECT_NE(renamed.find("Attribute VB_Name = \"Form4\"\r\n"), std::string::npos) << renamed;
-  EXPECT_EQ(renamed.find("orm3\""), std::string::npos) << renamed;
+  EXPECT_THAT(renamed, HasSubstr("Attribute VB_Name = \"Form4\"\r\n")) << renamed;
+  EXPECT_THAT(renamed, ::testing::Not(HasSubstr("orm3\""))) << renamed;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -401,20 +397,12 @@ TEST(OpenProject, Cp932NamesAndTextBothWays) {
 
 TEST(OpenProject, BadSideFileReferenceNamesFormPropertyAndOffset) {
   TempDir temp;
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
   vbfiles::testing::WriteBytes(temp.Path() / "F.frx", std::string("\x02\0\0\0ab", 6));
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm",
-                               "VERSION 5.00\r\nBegin VB.Form F \r\n"
-                               "   Caption = $\"F.frx\":0004\r\nEnd\r\n");
-  try {
-    OpenProject(temp.Path() / "P.vbp");
-    FAIL() << "opened a form pointing past its .frx";
-  } catch (const vb::Failure& failure) {
-    EXPECT_EQ(failure.Number(), vb::kBadFileFormat);
-    EXPECT_EQ(failure.Description(),
-              u"F.frm line 3: Caption points at offset 0004 of F.frx, which ends before the "
-              u"text there (6 bytes)");
-  }
+  const auto vbp = WriteOneFormProject(
+      temp.Path(), "VERSION 5.00\r\nBegin VB.Form F \r\n   Caption = $\"F.frx\":0004\r\nEnd\r\n");
+  EXPECT_EQ(vbfiles::testing::FailureText([&] { OpenProject(vbp); }),
+            "321: F.frm line 3: Caption points at offset 0004 of F.frx, which ends before the "
+            "text there (6 bytes)");
 }
 
 }  // namespace

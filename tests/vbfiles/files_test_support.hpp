@@ -1,5 +1,5 @@
 // Shared pieces of the project-file tests: where fixtures live, whole files,
-// a temporary folder, and a diff of two files by lines.
+// a temporary folder, the text of a failure, and a file edited by replacing.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,6 +12,9 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "vb/convert.hpp"
+#include "vb/failure.hpp"
 
 namespace vbfiles::testing {
 
@@ -45,17 +48,20 @@ inline void WriteBytes(const std::filesystem::path& path, const std::string& byt
   out << bytes;
 }
 
+// P.vbp in `folder` with the one form F.frm holding `form`; the project file.
+inline std::filesystem::path WriteOneFormProject(const std::filesystem::path& folder,
+                                                 const std::string& form) {
+  WriteBytes(folder / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
+  WriteBytes(folder / "F.frm", form);
+  return folder / "P.vbp";
+}
+
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {
  public:
-  TempDir() {
-    std::random_device seed;
-    path_ = std::filesystem::temp_directory_path() /
-            ("tessaly-files-" + std::to_string(seed()) + std::to_string(seed()));
-    std::filesystem::create_directories(path_);
-  }
+  TempDir() { std::filesystem::create_directories(path_); }
   ~TempDir() {
-    std::error_code ignored;
+    std::error_code ignored;  // a destructor must not throw
     std::filesystem::remove_all(path_, ignored);
   }
   TempDir(const TempDir&) = delete;
@@ -63,16 +69,10 @@ class TempDir {
   const std::filesystem::path& Path() const { return path_; }
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                ("tessaly-files-" + std::to_string(std::random_device()()) +
+                                 std::to_string(std::random_device()()));
 };
-
-// Copies every file of `from` (not recursive) into `to`.
-inline void CopyFolder(const std::filesystem::path& from, const std::filesystem::path& to) {
-  for (const auto& entry : std::filesystem::directory_iterator(from)) {
-    if (entry.is_regular_file())
-      std::filesystem::copy_file(entry.path(), to / entry.path().filename());
-  }
-}
 
 // The text with every occurrence of `from` replaced once: builds the file a
 // test expects from the file as read. Fails the test when `from` is missing.
@@ -81,6 +81,18 @@ inline std::string Edited(std::string text, const std::string& from, const std::
   EXPECT_NE(at, std::string::npos) << "missing in the original: " << from;
   if (at != std::string::npos) text.replace(at, from.size(), to);
   return text;
+}
+
+// "321: bad.frm line 2: ..." -- the number and description of the failure
+// `call` throws, or "no failure".
+template <typename Call>
+std::string FailureText(Call&& call) {
+  try {
+    call();
+  } catch (const vb::Failure& failure) {
+    return std::to_string(failure.Number()) + ": " + vb::ToUtf8(failure.Description());
+  }
+  return "no failure";
 }
 
 }  // namespace vbfiles::testing

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "workbench/member_scan.hpp"
 #include "workbench/model_test_support.hpp"
 
 namespace workbench {
@@ -121,19 +120,6 @@ TEST(CodeModuleTest, EveryEditReachesTheListenerAfterItIsMade) {
   EXPECT_EQ(edits, (std::vector<std::string>{
                        "DeleteLines 2 1 [] now 2", "AddFromString 3 2 [x\r\ny] now 4",
                        "InsertLines 1 1 [top] now 5", "DeleteLines 1 0 [] now 5"}));
-}
-
-TEST(CodeModuleTest, MemberItemIgnoresCaseAndKeepsTheNamesText) {
-  auto module = CodeModule::FromText(u"Form1",
-                                     u"Dim m_count As Long\r\nPrivate Sub Text1_Change()\r\n"
-                                     u"End Sub\r\nPrivate Sub Text10_Change()\r\nEnd Sub\r\n");
-  const auto members = module->Members();
-  ASSERT_EQ(members->All().size(), 3u);
-  const auto member = members->Item(u"TEXT1_CHANGE");
-  ASSERT_NE(member, nullptr);
-  EXPECT_EQ(member->Name(), u"Text1_Change");
-  EXPECT_EQ(member->CodeLocation(), 2);
-  EXPECT_EQ(members->Item(u"Text1"), nullptr);
 }
 
 }  // namespace

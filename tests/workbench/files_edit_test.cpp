@@ -1,5 +1,6 @@
 // Edits made through the model reach the files as exactly the lines the IDE
 // would write, and nothing else changes.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -12,11 +13,13 @@
 namespace workbench {
 namespace {
 
+using ::testing::HasSubstr;
 using vbfiles::testing::Edited;
 using vbfiles::testing::FixturesDir;
 using vbfiles::testing::ReadBytes;
 using vbfiles::testing::SampleDir;
 using vbfiles::testing::TempDir;
+using vbfiles::testing::WriteOneFormProject;
 namespace fs = std::filesystem;
 
 std::shared_ptr<Control> ControlOn(const Project& project, vb::TextView form, vb::TextView name,
@@ -52,10 +55,16 @@ const std::string kBlock = "\x01";  // as `to`: the block `from` opens goes
 // expected.
 struct FileEdit {
   const char* name;
-  const char* file;
   std::function<void(Project&)> edit;
   std::vector<std::pair<std::string, std::string>> changes;
+  std::string file = "frmMain.frm";
 };
+
+// The edit that types `text` into the sheet.
+std::function<void(Project&)> Typed(vb::Text control, vb::Text property, vb::Text text,
+                                    vb::Text form = u"frmMain") {
+  return [=](Project& p) { Sheet(p, control, property, text, form); };
+}
 
 void PrintTo(const FileEdit& c, std::ostream* os) { *os << c.name; }
 
@@ -63,7 +72,7 @@ class FileEdits : public ::testing::TestWithParam<FileEdit> {};
 
 TEST_P(FileEdits, ChangeExactlyTheExpectedLines) {
   const FileEdit& c = GetParam();
-  const bool sample = std::string(c.file) == "frmMain.frm";
+  const bool sample = c.file == "frmMain.frm";
   const fs::path dir = sample ? SampleDir() : FixturesDir();
   auto project = OpenProject(dir / (sample ? "Sample.vbp" : "Fixtures.vbp"));
   c.edit(*project);
@@ -92,43 +101,34 @@ INSTANTIATE_TEST_SUITE_P(
     Sample, FileEdits,
     ::testing::Values(
         FileEdit{"ChangedTextReplacesItsLine",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Check1", u"Caption", u"Keep \"it\""); },
+                 Typed(u"Check1", u"Caption", u"Keep \"it\""),
                  {{"\"Remember the name\"", "\"Keep \"\"it\"\"\""}}},
         FileEdit{"NewBooleanGoesInAlphabeticalPlace",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Text1", u"Enabled", u"False"); },
+                 Typed(u"Text1", u"Enabled", u"False"),
                  {{"Text1 \r\n      Height",
                    "Text1 \r\n      Enabled         =   0   'False\r\n      Height"}}},
         FileEdit{"ValueBackToDefaultLosesItsLine",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Command1", u"Enabled", u"True"); },
+                 Typed(u"Command1", u"Enabled", u"True"),
                  {{"      Enabled         =   0   'False\r\n", ""}}},
         FileEdit{"EnumerationGetsItsName",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Label1", u"Alignment", u"2"); },
+                 Typed(u"Label1", u"Alignment", u"2"),
                  {{"Label1 \r\n      Caption",
                    "Label1 \r\n      Alignment       =   2  'Center\r\n      Caption"}}},
         FileEdit{"CheckBoxValueGetsItsName",
-                 "frmMain.frm",
-                 [](Project& p) { Sheet(p, u"Check1", u"Value", u"1"); },
+                 Typed(u"Check1", u"Value", u"1"),
                  {{"      Top             =   1080\r\n",
                    "      Top             =   1080\r\n      Value           =   1  'Checked\r\n"}}},
         FileEdit{"DeletedContainerTakesItsControls",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->DeleteControl(u"Frame1"); },
                  {{"   Begin VB.Frame Frame1 ", kBlock}}},
         FileEdit{"RenamedControlGetsANewBeginLine",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->RenameControl(u"Text1", u"txtName"); },
                  {{"   Begin VB.TextBox Text1 \r\n", "   Begin VB.TextBox txtName \r\n"}}},
         FileEdit{
             "NewControlGoesLastInItsContainer",
-            "frmMain.frm",
             [](Project& p) { p.Forms().front()->AddControl(u"CommandButton"); },
             {{"   End\r\nEnd\r\nAttribute", "   End\r\n" + kCommand2Block + "End\r\nAttribute"}}},
         FileEdit{"ChangedFontGetsAFullBlock",
-                 "frmMain.frm",
                  [](Project& p) {
                    ControlOn(p, u"frmMain", u"Label1")
                        ->WriteFont(ide::FontDispId::Bold, vb::Value(vb::Boolean::True));
@@ -146,14 +146,12 @@ INSTANTIATE_TEST_SUITE_P(
                    "      EndProperty\r\n"}}},
         FileEdit{
             "AddedCodeUsesTheFileLineEnds",
-            "frmMain.frm",
             [](Project& p) {
               p.Forms().front()->Module()->AddFromString(
                   u"\r\nPrivate Sub Form_Load()\r\n    Text1.Text = \"\"\r\nEnd Sub");
             },
             {{kAppend, "\r\nPrivate Sub Form_Load()\r\n    Text1.Text = \"\"\r\nEnd Sub\r\n"}}},
         FileEdit{"DeletedCodeLinesAreGone",
-                 "frmMain.frm",
                  [](Project& p) { p.Forms().front()->Module()->DeleteLines(1, 2); },
                  {{"Attribute VB_Exposed = False\r\nOption Explicit\r\n\r\n",
                    "Attribute VB_Exposed = False\r\n"}}}));
@@ -163,27 +161,26 @@ INSTANTIATE_TEST_SUITE_P(
     Fixtures, FileEdits,
     ::testing::Values(
         FileEdit{"LfOnlyFileGetsLfLines",
-                 "lf_only.frm",
                  [](Project& p) {
                    Sheet(p, u"cmdGo", u"Caption", u"Run", u"frmUnix");
                    p.FindForm(u"frmUnix")->Module()->AddFromString(u"' more");
                  },
-                 {{"\"Go\"", "\"Run\""}, {kAppend, "' more\n"}}},
+                 {{"\"Go\"", "\"Run\""}, {kAppend, "' more\n"}},
+                 "lf_only.frm"},
         FileEdit{"FileWithoutFinalLineEndStaysWithout",
-                 "no_final_eol.frm",
                  [](Project& p) {
                    p.FindForm(u"frmOpenEnd")->Module()->AddFromString(u"' and now here");
                  },
-                 {{kAppend, "\r\n' and now here"}}},
+                 {{kAppend, "\r\n' and now here"}},
+                 "no_final_eol.frm"},
         FileEdit{"CodeAddedToAFormWithNoCodeFollowsTheAttributes",
-                 "no_code.frm",
                  [](Project& p) {
                    p.FindForm(u"frmEmpty")->Module()->AddFromString(u"Option Explicit");
                  },
-                 {{kAppend, "Option Explicit\r\n"}}},
+                 {{kAppend, "Option Explicit\r\n"}},
+                 "no_code.frm"},
         // A new line takes the end most lines have; the lines around keep theirs.
         FileEdit{"MixedLineEndsKeepEachLinesOwnEnd",
-                 "mixed_line_ends.frm",
                  [](Project& p) {
                    Sheet(p, u"txtOne", u"TabIndex", u"1", u"frmMixed");
                    Sheet(p, u"txtOne", u"Text", u"uno", u"frmMixed");
@@ -193,34 +190,33 @@ INSTANTIATE_TEST_SUITE_P(
                  {{"TabIndex        =   0\n", "TabIndex        =   1\n"},
                   {"\"one\"\r\n", "\"uno\"\r\n"},
                   {"Option Explicit\r\n\n", "Option Explicit\r\n"},
-                  {kAppend, "' added\r\n"}}},
+                  {kAppend, "' added\r\n"}},
+                 "mixed_line_ends.frm"},
         FileEdit{"ArrayMemberDeletedByIndex",
-                 "control_array.frm",
                  [](Project& p) { p.FindForm(u"frmArray")->DeleteControl(u"optChoice", 2); },
-                 {{"   Begin VB.OptionButton optChoice ", kBlock}}},
+                 {{"   Begin VB.OptionButton optChoice ", kBlock}},
+                 "control_array.frm"},
         FileEdit{"InnerContainerDeletedWithItsControlsOnly",
-                 "nested_frames.frm",
                  [](Project& p) { p.FindForm(u"frmNested")->DeleteControl(u"fraInner"); },
-                 {{"         Begin VB.Frame fraInner ", kBlock}}},
+                 {{"         Begin VB.Frame fraInner ", kBlock}},
+                 "nested_frames.frm"},
         FileEdit{"UnknownClassKeepsItsProperties",
-                 "unknown_class.frm",
-                 [](Project& p) { Sheet(p, u"dtpWhen", u"Left", u"240", u"frmPicker"); },
+                 Typed(u"dtpWhen", u"Left", u"240", u"frmPicker"),
                  {{"Left            =   120\r\n      TabIndex",
-                   "Left            =   240\r\n      TabIndex"}}},
+                   "Left            =   240\r\n      TabIndex"}},
+                 "unknown_class.frm"},
         FileEdit{"OtherLibrariesGroupsAndFontsSurviveAnEdit",
-                 "font_blocks.frm",
-                 [](Project& p) { Sheet(p, u"lvwItems", u"Top", u"1440", u"frmFonts"); },
-                 {{"Top             =   1320", "Top             =   1440"}}},
+                 Typed(u"lvwItems", u"Top", u"1440", u"frmFonts"),
+                 {{"Top             =   1320", "Top             =   1440"}},
+                 "font_blocks.frm"},
         FileEdit{"ChangedSideFileStringGoesInline",
-                 "frx_refs.frm",
-                 [](Project& p) { Sheet(p, u"txtNotes", u"Text", u"one line", u"frmFrx"); },
-                 {{"$\"frx_refs.frx\":0000", "\"one line\""}}},
+                 Typed(u"txtNotes", u"Text", u"one line", u"frmFrx"),
+                 {{"$\"frx_refs.frx\":0000", "\"one line\""}},
+                 "frx_refs.frm"},
         FileEdit{"WindowsCodePageText",
-                 "cp1252.frm",
-                 [](Project& p) {
-                   Sheet(p, u"lblPrice", u"Caption", u"\u00c4rger \u2013 5 \u20ac", u"frmAccents");
-                 },
-                 {{"Preis: 10 \x80 \x84netto\x93", "\xc4rger \x96 5 \x80"}}}));
+                 Typed(u"lblPrice", u"Caption", u"\u00c4rger \u2013 5 \u20ac", u"frmAccents"),
+                 {{"Preis: 10 \x80 \x84netto\x93", "\xc4rger \x96 5 \x80"}},
+                 "cp1252.frm"}));
 
 // --- Values as read into the model ------------------------------------------
 
@@ -287,28 +283,26 @@ TEST_F(FixtureEdits, StringWithLineBreaksIsAddedToTheSideFile) {
 TEST_F(FixtureEdits, NewControlOfAnotherLibraryLoadsIt) {
   project_->FindForm(u"frmPicker")->AddControl(u"RichTextBox");
   const std::string frm = Saved("unknown_class.frm");
-  EXPECT_NE(
-      frm.find("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
-               "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
-               "Begin VB.Form frmPicker \r\n"),
-      std::string::npos);
-  EXPECT_NE(frm.find("   Begin RichTextLib.RichTextBox RichTextBox1 \r\n"), std::string::npos);
-  EXPECT_NE(Saved("Fixtures.vbp")
-                .find("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
-                      "RICHTX32.OCX\r\nForm=nested_frames.frm"),
-            std::string::npos);
+  EXPECT_THAT(
+      frm,
+      HasSubstr("Object = \"{86CF1D34-0C5F-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCT2.OCX\"\r\n"
+                "Object = \"{3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0\"; \"RICHTX32.OCX\"\r\n"
+                "Begin VB.Form frmPicker \r\n"));
+  EXPECT_THAT(frm, HasSubstr("   Begin RichTextLib.RichTextBox RichTextBox1 \r\n"));
+  EXPECT_THAT(Saved("Fixtures.vbp"),
+              HasSubstr("Object={3B7C8863-D78F-101B-B9B5-04021C009402}#1.2#0; "
+                        "RICHTX32.OCX\r\nForm=nested_frames.frm"));
 }
 
 TEST_F(FixtureEdits, NewFormGetsAFileAndAProjectLine) {
   project_->AddForm(u"frmNew")->AddControl(u"Label");
   const auto files = ProjectFileBytes(*project_);
-  EXPECT_NE(files.at("Fixtures.vbp").find("Form=unknown_class.frm\r\nForm=frmNew.frm\r\n"),
-            std::string::npos);
+  EXPECT_THAT(files.at("Fixtures.vbp"), HasSubstr("Form=unknown_class.frm\r\nForm=frmNew.frm\r\n"));
   const std::string frm = files.at("frmNew.frm");
   EXPECT_EQ(frm.rfind("VERSION 5.00\r\nBegin VB.Form frmNew \r\n", 0), 0U);
-  EXPECT_NE(frm.find("   Begin VB.Label Label1 \r\n      Caption         =   \"Label1\"\r\n"),
-            std::string::npos);
-  EXPECT_NE(frm.find("End\r\nAttribute VB_Name = \"frmNew\"\r\n"), std::string::npos);
+  EXPECT_THAT(frm,
+              HasSubstr("   Begin VB.Label Label1 \r\n      Caption         =   \"Label1\"\r\n"));
+  EXPECT_THAT(frm, HasSubstr("End\r\nAttribute VB_Name = \"frmNew\"\r\n"));
   // What is written reads back as the same form.
   TempDir temp;
   SaveProject(*project_, temp.Path() / "Fixtures.vbp");
@@ -319,12 +313,12 @@ TEST_F(FixtureEdits, NewFormGetsAFileAndAProjectLine) {
 
 TEST(SaveProject, ReplacesOnlyWhatChangedAndLeavesNoTemporaryFile) {
   TempDir temp;
-  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
+  fs::copy(SampleDir(), temp.Path());
   auto project = OpenProject(temp.Path() / "Sample.vbp");
   const auto module_time = fs::last_write_time(temp.Path() / "modUtil.bas");
   Sheet(*project, u"Label1", u"Caption", u"Your name:");
   SaveProject(*project);
-  EXPECT_NE(ReadBytes(temp.Path() / "frmMain.frm").find("\"Your name:\""), std::string::npos);
+  EXPECT_THAT(ReadBytes(temp.Path() / "frmMain.frm"), HasSubstr("\"Your name:\""));
   EXPECT_EQ(fs::last_write_time(temp.Path() / "modUtil.bas"), module_time);
   const auto entries = fs::directory_iterator(temp.Path());
   EXPECT_EQ(std::distance(fs::begin(entries), fs::end(entries)), 3);
@@ -336,9 +330,7 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
       "VERSION 5.00\r\nBegin VB.Form F \r\n   Begin VB.Label L \r\n"
       "      Caption         =   \"one\"\r\n      Caption         =   \"two\"\r\n"
       "   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n";
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
-  auto project = OpenProject(temp.Path() / "P.vbp");
+  auto project = OpenProject(WriteOneFormProject(temp.Path(), form));
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
   Sheet(*project, u"L", u"Caption", u"three", u"F");
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"),
@@ -347,7 +339,7 @@ TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {
 
 TEST(OpenProject, FindsMembersWhoseNameDiffersInCase) {
   TempDir temp;
-  vbfiles::testing::CopyFolder(SampleDir(), temp.Path());
+  fs::copy(SampleDir(), temp.Path());
   fs::rename(temp.Path() / "frmMain.frm", temp.Path() / "FRMMAIN.FRM");
   auto project = OpenProject(temp.Path() / "Sample.vbp");
   EXPECT_NE(project->FindForm(u"frmMain"), nullptr);
@@ -358,8 +350,7 @@ TEST(OpenProject, MissingMemberNamesTheFile) {
   TempDir temp;
   vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=Gone.frm\r\n");
   const auto open = [&] { OpenProject(temp.Path() / "P.vbp"); };
-  EXPECT_EQ(testing::FailureOf(open), vb::kFileNotFound);
-  EXPECT_NE(testing::DescriptionOf(open).find("Gone.frm"), std::string::npos);
+  EXPECT_THAT(vbfiles::testing::FailureText(open), ::testing::MatchesRegex("53: .*Gone.frm.*"));
 }
 
 // The VB_Name line stays exactly as read, whatever its spelling, until the
@@ -377,14 +368,12 @@ TEST_P(VbNameLine, StaysAsReadUntilTheFormIsRenamed) {
       "VERSION 5.00\r\nBegin VB.Form Form3 \r\n   Begin VB.Label L \r\n   End\r\n"
       "   Caption = \"after the block\"\r\nEnd\r\n" +
       GetParam().attribute + "Attribute VB_Exposed = False\r\n";
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm", form);
-  auto project = OpenProject(temp.Path() / "P.vbp");
+  auto project = OpenProject(WriteOneFormProject(temp.Path(), form));
   EXPECT_EQ(ProjectFileBytes(*project).at("F.frm"), form);
   project->FindForm(u"Form3")->SetFormName(u"Form4");
   const auto renamed = ProjectFileBytes(*project).at("F.frm");
-  EXPECT_NE(renamed.find("Attribute VB_Name = \"Form4\"\r\n"), std::string::npos) << renamed;
-  EXPECT_EQ(renamed.find("orm3\""), std::string::npos) << renamed;
+  EXPECT_THAT(renamed, HasSubstr("Attribute VB_Name = \"Form4\"\r\n")) << renamed;
+  EXPECT_THAT(renamed, ::testing::Not(HasSubstr("orm3\""))) << renamed;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -408,20 +397,12 @@ TEST(OpenProject, Cp932NamesAndTextBothWays) {
 
 TEST(OpenProject, BadSideFileReferenceNamesFormPropertyAndOffset) {
   TempDir temp;
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
   vbfiles::testing::WriteBytes(temp.Path() / "F.frx", std::string("\x02\0\0\0ab", 6));
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm",
-                               "VERSION 5.00\r\nBegin VB.Form F \r\n"
-                               "   Caption = $\"F.frx\":0004\r\nEnd\r\n");
-  try {
-    OpenProject(temp.Path() / "P.vbp");
-    FAIL() << "opened a form pointing past its .frx";
-  } catch (const vb::Failure& failure) {
-    EXPECT_EQ(failure.Number(), vb::kBadFileFormat);
-    EXPECT_EQ(failure.Description(),
-              u"F.frm line 3: Caption points at offset 0004 of F.frx, which ends before the "
-              u"text there (6 bytes)");
-  }
+  const auto vbp = WriteOneFormProject(
+      temp.Path(), "VERSION 5.00\r\nBegin VB.Form F \r\n   Caption = $\"F.frx\":0004\r\nEnd\r\n");
+  EXPECT_EQ(vbfiles::testing::FailureText([&] { OpenProject(vbp); }),
+            "321: F.frm line 3: Caption points at offset 0004 of F.frx, which ends before the "
+            "text there (6 bytes)");
 }
 
 }  // namespace

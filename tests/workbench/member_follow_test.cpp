@@ -35,38 +35,31 @@ class RandomModule {
     return name;
   }
 
+  // A piece of a module; "@" stands for a name.
   Lines Piece() {
-    const vb::Text n = Name();
-    switch (Below(14)) {
-      case 0:
-        return {u"Private Sub " + n + u"()", u"    x = 1", u"End Sub"};
-      case 1:
-        return {u"Public Function " + n + u"() As Long", u"    " + n + u" = 2", u"End Function"};
-      case 2:
-        return {u"Sub " + n + u"(): End Sub"};
-      case 3:
-        return {u"Property Get P" + n + u"()", u"End Property"};
-      case 4:
-        return {u"Property Let P" + n + u"(v)", u"End Property"};
-      case 5:
-        return {u"Private Type T" + n, u"    a As Long", u"End Type"};
-      case 6:
-        return {u"Dim " + n + u", V" + n + u" As Long"};
-      case 7:
-        return {u"Const K" + n + u" = 1"};
-      case 8:
-        return {u"' a comment that goes on _", u"Sub Hidden()"};
-      case 9:
-        return {u"Private Sub " + n + u"(ByVal a As Long, _", u"    ByVal b As Long)", u"End Sub"};
-      case 10:
-        return {u"Sub " + n + u"()"};  // never closed
-      case 11:
-        return {u"    s = \"End Sub\": End Sub"};
-      case 12:
-        return {u"Dim W" + n + u" As Long, _"};  // goes on into whatever follows
-      default:
-        return {u""};
+    static const std::vector<Lines> kPieces = {
+        {u"Private Sub @()", u"    x = 1", u"End Sub"},
+        {u"Public Function @() As Long", u"    @ = 2", u"End Function"},
+        {u"Sub @(): End Sub"},
+        {u"Property Get P@()", u"End Property"},
+        {u"Property Let P@(v)", u"End Property"},
+        {u"Private Type T@", u"    a As Long", u"End Type"},
+        {u"Dim @, V@ As Long"},
+        {u"Const K@ = 1"},
+        {u"' a comment that goes on _", u"Sub Hidden()"},
+        {u"Private Sub @(ByVal a As Long, _", u"    ByVal b As Long)", u"End Sub"},
+        {u"Sub @()"},  // never closed
+        {u"    s = \"End Sub\": End Sub"},
+        {u"Dim W@ As Long, _"},  // goes on into whatever follows
+        {u""}};
+    const vb::Text name = Name();
+    Lines piece = kPieces[Below(kPieces.size())];
+    for (vb::Text& line : piece) {
+      for (auto at = line.find(u'@'); at != vb::Text::npos; at = line.find(u'@')) {
+        line.replace(at, 1, name);
+      }
     }
+    return piece;
   }
 
   Lines Pieces(std::size_t count) {

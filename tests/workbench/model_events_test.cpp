@@ -60,23 +60,11 @@ TEST_F(ControlEventsTest, SheetValuesAreConvertedAndRefusalsReported) {
 }
 
 TEST_F(ControlEventsTest, DeletedControlStillAnswersDuringAndAfterItemRemoved) {
-  struct ProbingSink : ide::VBControlsEventsSink {
-    std::shared_ptr<FormComponent> form;
-    std::string seen;
-    void ItemAdded(const std::shared_ptr<ide::VBControl>&) override {}
-    void ItemRenamed(const std::shared_ptr<ide::VBControl>&, const vb::Text&,
-                     std::int32_t) override {}
-    void ItemRemoved(const std::shared_ptr<ide::VBControl>& control) override {
-      seen = RecordingSink::Path(control) +
-             " on form: " + (form->FindControl(u"Text1") ? "yes" : "no");
-    }
-  } probe;
-  probe.form = form;
-  events_->Advise(&probe);
   form->AddControl(u"TextBox");
+  sink_.then = [&] { log_.push_back(form->FindControl(u"Text1") ? "on form" : "gone"); };
   form->DeleteControl(u"Text1");
-  events_->Unadvise(&probe);
-  EXPECT_EQ(probe.seen, "Form1.Text1 on form: no");
+  EXPECT_EQ(log_, (Log{"added Text1", "sink ItemAdded Form1.Text1", "removed Text1",
+                       "sink ItemRemoved Form1.Text1", "gone"}));
 }
 
 TEST(DeletedControlTest, KeepsItsFormAlive) {
@@ -127,22 +115,10 @@ TEST_F(ControlEventsTest, SourcesFilterByProjectAndForm) {
 TEST_F(ControlEventsTest, SinkUnadvisedDuringAnEventIsNotCalledAgain) {
   Log log;
   RecordingSink second("second", log);
-  struct Unadviser : ide::VBControlsEventsSink {
-    ide::VBControlsEvents* source = nullptr;
-    ide::VBControlsEventsSink* victim = nullptr;
-    void ItemAdded(const std::shared_ptr<ide::VBControl>&) override { source->Unadvise(victim); }
-    void ItemRemoved(const std::shared_ptr<ide::VBControl>&) override {}
-    void ItemRenamed(const std::shared_ptr<ide::VBControl>&, const vb::Text&,
-                     std::int32_t) override {}
-  } first;
-  auto source = ide_->Events()->VBControlsEvents(project, nullptr);
-  first.source = source.get();
-  first.victim = &second;
-  source->Advise(&first);
-  source->Advise(&second);
+  events_->Advise(&second);
+  sink_.then = [&] { events_->Unadvise(&second); };
   form->AddControl(u"Label");
   EXPECT_TRUE(log.empty());
-  source->Unadvise(&first);
 }
 
 TEST_F(ControlEventsTest, DroppedSourceRaisesNothing) {

@@ -34,28 +34,19 @@ TEST_P(FontPutTest, StoresOrRefusesWith380) {
   }
 }
 
-const vb::Value kTrue(vb::Boolean::True);
-
+using F = FontCase;
 INSTANTIATE_TEST_SUITE_P(
     Members, FontPutTest,
     ::testing::Values(
-        FontCase{FontDispId::Name, vb::Value(u"Arial"), "text:Arial"},
-        FontCase{FontDispId::Name, vb::Value(u""), nullptr},
-        FontCase{FontDispId::Name, vb::Value(static_cast<vb::Integer>(5)), nullptr},
-        FontCase{FontDispId::Size, vb::Value(u"10.5"), "text:10.5"},
-        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Integer>(12)), "text:12"},
-        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Long>(2048)), "text:2048"},
-        FontCase{FontDispId::Size, vb::Value(static_cast<vb::Long>(2049)), nullptr},
-        FontCase{FontDispId::Size, vb::Value(u"0"), nullptr},
-        FontCase{FontDispId::Size, vb::Value(u"-3"), nullptr},
-        FontCase{FontDispId::Size, vb::Value(u"big"), nullptr},
-        FontCase{FontDispId::Size, kTrue, nullptr},
-        FontCase{FontDispId::Bold, kTrue, "boolean:True"},
-        FontCase{FontDispId::Bold, vb::Value(static_cast<vb::Integer>(1)), "boolean:True"},
-        FontCase{FontDispId::Italic, vb::Value(u"true"), "boolean:True"},
-        FontCase{FontDispId::Italic, vb::Value(u"maybe"), nullptr},
-        FontCase{FontDispId::Underline, vb::Value(static_cast<vb::Long>(0)), "boolean:False"},
-        FontCase{FontDispId::Strikethrough, vb::Value(u"-1"), "boolean:True"}));
+        F{FontDispId::Name, u"Arial", "text:Arial"}, F{FontDispId::Name, u"", nullptr},
+        F{FontDispId::Name, I(5), nullptr}, F{FontDispId::Size, u"10.5", "text:10.5"},
+        F{FontDispId::Size, I(12), "text:12"}, F{FontDispId::Size, L(2048), "text:2048"},
+        F{FontDispId::Size, L(2049), nullptr}, F{FontDispId::Size, u"0", nullptr},
+        F{FontDispId::Size, u"-3", nullptr}, F{FontDispId::Size, u"big", nullptr},
+        F{FontDispId::Size, kTrue, nullptr}, F{FontDispId::Bold, kTrue, "boolean:True"},
+        F{FontDispId::Bold, I(1), "boolean:True"}, F{FontDispId::Italic, u"true", "boolean:True"},
+        F{FontDispId::Italic, u"maybe", nullptr}, F{FontDispId::Underline, L(0), "boolean:False"},
+        F{FontDispId::Strikethrough, u"-1", "boolean:True"}));
 
 TEST(FontTest, DefaultsAndBoldFollowsWeight) {
   Font font;

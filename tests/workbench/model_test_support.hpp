@@ -3,6 +3,7 @@
 // a whole sequence in one assertion.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,6 +18,10 @@
 namespace workbench::testing {
 
 inline std::string U8(const vb::Text& text) { return vb::ToUtf8(text); }
+inline vb::Value I(int n) { return vb::Value(static_cast<vb::Integer>(n)); }
+inline vb::Value L(int n) { return vb::Value(static_cast<vb::Long>(n)); }
+inline const vb::Value kTrue(vb::Boolean::True);
+inline const vb::Value kFalse(vb::Boolean::False);
 
 inline std::string Describe(const vb::Value& value) {
   return std::string(vb::KindName(value.GetKind())) + ":" + U8(value.ToText());
@@ -54,17 +59,6 @@ std::int32_t FailureOf(Call&& call) {
     return failure.Number();
   }
   return 0;
-}
-
-// The failure's description (UTF-8), or "" when `call` succeeds.
-template <typename Call>
-std::string DescriptionOf(Call&& call) {
-  try {
-    call();
-  } catch (const vb::Failure& failure) {
-    return U8(failure.Description());
-  }
-  return "";
 }
 
 // Every write and control event as a line: "write Text1.Caption text:Hi ok",
@@ -108,16 +102,22 @@ class RecordingSink : public ide::VBControlsEventsSink {
  public:
   RecordingSink(std::string tag, std::vector<std::string>& log) : tag_(std::move(tag)), log_(log) {}
 
+  // Called after each event is logged, to act as a sink may.
+  std::function<void()> then = [] {};
+
   void ItemAdded(const std::shared_ptr<ide::VBControl>& control) override {
     log_.push_back(tag_ + " ItemAdded " + Path(control));
+    then();
   }
   void ItemRemoved(const std::shared_ptr<ide::VBControl>& control) override {
     log_.push_back(tag_ + " ItemRemoved " + Path(control));
+    then();
   }
   void ItemRenamed(const std::shared_ptr<ide::VBControl>& control, const vb::Text& old_name,
                    std::int32_t old_index) override {
     log_.push_back(tag_ + " ItemRenamed " + Path(control) + " from " + U8(old_name) + "(" +
                    std::to_string(old_index) + ")");
+    then();
   }
 
   // "Form1.Text1" read through Collection/Parent/Parent and Properties.

@@ -34,16 +34,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CheckProject, FindsOrphanedEventsAndDefaultNames) {
   vbfiles::testing::TempDir temp;
-  vbfiles::testing::WriteBytes(temp.Path() / "P.vbp", "Type=Exe\r\nForm=F.frm\r\n");
-  vbfiles::testing::WriteBytes(temp.Path() / "F.frm",
-                               "VERSION 5.00\r\nBegin VB.Form F \r\n"
-                               "   Begin VB.CommandButton cmdOK \r\n   End\r\n"
-                               "   Begin VB.CommandButton Command1 \r\n   End\r\n"
-                               "End\r\nAttribute VB_Name = \"F\"\r\n"
-                               "Private Sub Form_Load()\r\nEnd Sub\r\n"
-                               "Private Sub cmdOK_Click()\r\nEnd Sub\r\n"
-                               "Private Sub cmdGone_Click()\r\nEnd Sub\r\n");
-  const auto findings = CheckProject(temp.Path() / "P.vbp", std::nullopt);
+  const auto vbp =
+      vbfiles::testing::WriteOneFormProject(temp.Path(),
+                                            "VERSION 5.00\r\nBegin VB.Form F \r\n"
+                                            "   Begin VB.CommandButton cmdOK \r\n   End\r\n"
+                                            "   Begin VB.CommandButton Command1 \r\n   End\r\n"
+                                            "End\r\nAttribute VB_Name = \"F\"\r\n"
+                                            "Private Sub Form_Load()\r\nEnd Sub\r\n"
+                                            "Private Sub cmdOK_Click()\r\nEnd Sub\r\n"
+                                            "Private Sub cmdGone_Click()\r\nEnd Sub\r\n");
+  const auto findings = CheckProject(vbp, std::nullopt);
   ASSERT_EQ(findings.size(), 2U);
   EXPECT_EQ(findings[0].line, 13U);
   EXPECT_EQ(findings[0].text, "cmdGone_Click handles cmdGone, which is not on the form");

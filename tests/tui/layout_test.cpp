@@ -272,7 +272,7 @@ INSTANTIATE_TEST_SUITE_P(
         CaptionCase{"OnlyTheFirstKey", u"&a&b", {{u"a", kBold | kUnderline}, {u"b", kBold}}},
         CaptionCase{"MarkAtTheEnd", u"Tail&", {{u"Tail&", kBold}}}, CaptionCase{"Empty", u"", {}}));
 
-TEST(MessageBoxLayout, PromptLinesThenTheButtonsCentred) {
+TEST(MessageBoxLayout, PromptLinesWrappedThenTheButtonsCentred) {
   forms::MessageBox box{u"Line one\r\nLine two", forms::vbYesNoCancel, u"Tessaly", true};
   const auto buttons = forms::MsgBoxButtons(box.buttons);
   const BoxLayout layout = LayoutMessageBox(box, buttons, 1, 40);
@@ -281,17 +281,15 @@ TEST(MessageBoxLayout, PromptLinesThenTheButtonsCentred) {
   EXPECT_EQ(Texts(layout.rows), " Line one| Line two|| < Yes >  < No >  < Cancel >");
   EXPECT_EQ(AttrsOf(layout.rows[3], u"< No >"), kReverse);
   EXPECT_EQ(AttrsOf(layout.rows[3], u"< Cancel >"), kPlain);
-}
-
-TEST(MessageBoxLayout, LongLinesWrapAtBlanksOrHardAtTheWidth) {
-  forms::MessageBox box{u"aaaa bbbb cccc\nabcdefghij", forms::vbOKOnly, u"T", false};
-  const auto buttons = forms::MsgBoxButtons(box.buttons);
-  const BoxLayout layout = LayoutMessageBox(box, buttons, 0, 8);
-  EXPECT_EQ(layout.width, 8);
-  EXPECT_EQ(Texts(layout.rows), " aaaa| bbbb| cccc| abcdef| ghij|| < OK >");
+  // Long lines wrap at blanks, or hard at the width.
+  box = forms::MessageBox{u"aaaa bbbb cccc\nabcdefghij", forms::vbOKOnly, u"T", false};
+  const auto ok = forms::MsgBoxButtons(box.buttons);
+  EXPECT_EQ(LayoutMessageBox(box, ok, 0, 8).width, 8);
+  EXPECT_EQ(Texts(LayoutMessageBox(box, ok, 0, 8).rows),
+            " aaaa| bbbb| cccc| abcdef| ghij|| < OK >");
   // A long title widens the box.
   box = forms::MessageBox{u"Hi", forms::vbOKOnly, u"A rather long title", true};
-  EXPECT_EQ(LayoutMessageBox(box, buttons, 0, 60).width, 23);
+  EXPECT_EQ(LayoutMessageBox(box, ok, 0, 60).width, 23);
 }
 
 }  // namespace

@@ -82,9 +82,8 @@ class MemorySettings : public SettingsStore {
  public:
   std::optional<vb::Text> Get(const vb::Text& app, const vb::Text& section,
                               const vb::Text& key) override {
-    auto it = values_.find({app, section, key});
-    if (it == values_.end()) return std::nullopt;
-    return it->second;
+    const auto it = values_.find({app, section, key});
+    return it == values_.end() ? std::nullopt : std::optional(it->second);
   }
   void Save(const vb::Text& app, const vb::Text& section, const vb::Text& key,
             const vb::Text& text) override {

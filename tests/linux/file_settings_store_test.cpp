@@ -9,9 +9,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <set>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -25,13 +25,20 @@ namespace fs = std::filesystem;
 
 std::string ReadAll(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
-  std::ostringstream out;
-  out << in.rdbuf();
-  return out.str();
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 void WriteAll(const fs::path& file, const std::string& bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
+}
+
+// Runs `child` in a process of its own; returns its exit status, or -1.
+int InChild(const std::function<int()>& child) {
+  const pid_t pid = ::fork();
+  if (pid == 0) ::_exit(child());
+  int status = 0;
+  if (pid < 0 || ::waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
 }
 
 // Each test gets a fresh folder of its own; the real home is never touched.
@@ -251,22 +258,17 @@ TEST_F(SettingsStoreFileTest, FailedWriteKeepsTheOldFile) {
   FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"Arial");
   const std::string before = ReadAll(file_);
 
-  pid_t pid = ::fork();
-  ASSERT_GE(pid, 0);
-  if (pid == 0) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{16, 16};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    try {
-      FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"A much longer name");
-    } catch (const vb::Failure& failure) {
-      ::_exit(failure.Number() == vb::kPathFileAccess ? 0 : 2);
-    }
-    ::_exit(1);
-  }
-  int status = 0;
-  ASSERT_EQ(::waitpid(pid, &status, 0), pid);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+  EXPECT_EQ(InChild([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              rlimit limit{16, 16};
+              ::setrlimit(RLIMIT_FSIZE, &limit);
+              return FailureOf([&] {
+                       FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name",
+                                                     u"A much longer name");
+                     })
+                  .first;
+            }),
+            vb::kPathFileAccess);
   EXPECT_EQ(ReadAll(file_), before);
   EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
 }
@@ -292,30 +294,25 @@ struct PathCase {
 };
 void PrintTo(const PathCase& c, std::ostream* os) { *os << c.name; }
 
-// Sets HOME and XDG_CONFIG_HOME for one case and puts them back after.
-class SettingsStoreDefaultPathTest : public ::testing::TestWithParam<PathCase> {
- protected:
-  static constexpr const char* kNames[] = {"HOME", "XDG_CONFIG_HOME"};
-  void SetUp() override {
-    for (const char* name : kNames) {
-      const char* value = std::getenv(name);
-      saved_.push_back(value ? std::optional<std::string>(value) : std::nullopt);
-    }
-  }
-  void TearDown() override {
-    for (std::size_t i = 0; i < saved_.size(); ++i) Put(kNames[i], saved_[i]);
-  }
-  static void Put(const char* name, std::optional<std::string> value) {
-    value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
-  }
-  std::vector<std::optional<std::string>> saved_;
-};
+void Put(const char* name, const char* value) {
+  value ? ::setenv(name, value, 1) : ::unsetenv(name);
+}
 
+class SettingsStoreDefaultPathTest : public ::testing::TestWithParam<PathCase> {};
+
+// HOME and XDG_CONFIG_HOME are set for one case and put back after.
 TEST_P(SettingsStoreDefaultPathTest, FollowsXdgConfigHomeThenHome) {
+  const char* home = std::getenv("HOME");
+  const char* xdg = std::getenv("XDG_CONFIG_HOME");
+  const std::optional<std::string> saved[] = {
+      home ? std::optional<std::string>(home) : std::nullopt,
+      xdg ? std::optional<std::string>(xdg) : std::nullopt};
   Put("HOME", "/home/ann");
-  Put("XDG_CONFIG_HOME",
-      GetParam().xdg ? std::optional<std::string>(GetParam().xdg) : std::nullopt);
-  EXPECT_EQ(FileSettingsStore::DefaultPath(), fs::path(GetParam().expected));
+  Put("XDG_CONFIG_HOME", GetParam().xdg);
+  const fs::path path = FileSettingsStore::DefaultPath();
+  Put("HOME", saved[0] ? saved[0]->c_str() : nullptr);
+  Put("XDG_CONFIG_HOME", saved[1] ? saved[1]->c_str() : nullptr);
+  EXPECT_EQ(path, fs::path(GetParam().expected));
 }
 
 INSTANTIATE_TEST_SUITE_P(

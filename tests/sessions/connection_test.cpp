@@ -39,12 +39,7 @@ TEST_F(ConnectionTest, ABadStoredFlagIsReportedAndNoControlEventsArrive) {
       "menu \"&Tessaly Options\"\n"
       "state\n"
       "click cmdOK\n");
-  const auto boxes = Events("msgbox");
-  ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0]["text"], "Type mismatch");
-  EXPECT_EQ(boxes[0]["buttons"], 0);
-  EXPECT_FALSE(boxes[0]["title_given"].get<bool>());
-  EXPECT_EQ(boxes[0]["title"], "Vorrel");
+  EXPECT_EQ(MessageBoxes(), "(Vorrel) [0]: Type mismatch");
   // The load stops at the bad flag: UseCtl4 and the code flags are never read.
   EXPECT_EQ(Reads(), (Lines{"UseCtl0=1", "UseCtl1=1", "UseCtl2=1", "UseCtl3=perhaps",
                             "FontName=Times New Roman"}));
@@ -55,9 +50,7 @@ TEST_F(ConnectionTest, ABadStoredFlagIsReportedAndNoControlEventsArrive) {
 
 TEST_F(ConnectionTest, AnApplicationThatIsNoIdeLeavesNothing) {
   Run("new-project P\nnew-form Form1\nconnect non-vbe\nanswer OK\ndrop CheckBox\ndisconnect\n");
-  const auto boxes = Events("msgbox");
-  ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0]["text"], "Type mismatch");
+  EXPECT_EQ(MessageBoxes(), "(Vorrel) [0]: Type mismatch");
   EXPECT_TRUE(Events("menu_added").empty());
   EXPECT_TRUE(Events("setting_read").empty());
   EXPECT_TRUE(Events("form_shown").empty());
@@ -67,18 +60,15 @@ TEST_F(ConnectionTest, AnApplicationThatIsNoIdeLeavesNothing) {
 TEST_F(ConnectionTest, WithoutAnAddInsBarTheRefusedSubscriptionIsReported) {
   ide_options_.add_ins_bar = false;
   Run(std::string(kConnected) + "answer OK\ndrop CheckBox\ndisconnect\n");
-  const auto boxes = Events("msgbox");
-  ASSERT_EQ(boxes.size(), 1u) << "the missing bar itself is silent";
-  EXPECT_EQ(boxes[0]["text"], "Object variable or With block variable not set");
+  EXPECT_EQ(MessageBoxes(), "(Vorrel) [0]: Object variable or With block variable not set")
+      << "the missing bar itself is silent";
   EXPECT_TRUE(Events("setting_read").empty()) << "settings are not loaded";
   EXPECT_TRUE(Events("form_shown").empty());
 }
 
 TEST_F(ConnectionTest, NoProjectOpenLeavesTheMenuWorking) {
   Run("connect\nanswer OK\nmenu \"&Tessaly Options\"\nclose\n");
-  const auto boxes = Events("msgbox");
-  ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0]["text"], "Object variable or With block variable not set");
+  EXPECT_EQ(MessageBoxes(), "(Vorrel) [0]: Object variable or With block variable not set");
   EXPECT_EQ(Events("setting_read").size(), 19u + 1u) << "settings loaded, then the font name";
   EXPECT_EQ(Titles(), Lines{"Tessaly Options"});
 }

@@ -106,6 +106,17 @@ std::string SessionTest::Writes() const {
   return out.empty() ? out : out.substr(2);
 }
 
+std::string SessionTest::MessageBoxes() const {
+  std::string out;
+  for (const auto& box : Events("msgbox")) {
+    const std::string title = box["title"];
+    out += (out.empty() ? "" : "; ") +
+           (box.value("title_given", true) ? title : "(" + title + ")") + " [" +
+           box["buttons"].dump() + "]: " + box["text"].get<std::string>();
+  }
+  return out;
+}
+
 Lines SessionTest::Titles() const {
   Lines out;
   for (const auto& e : Events("form_shown")) out.push_back(e["caption"]);

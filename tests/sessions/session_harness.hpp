@@ -53,6 +53,9 @@ class SessionTest : public ::testing::Test {
   // the one the previous write left (a Name or Index write renames it); "!="
   // marks a refusal; "font" stands for the six writes of the font stage.
   std::string Writes() const;
+  // The message boxes shown, "; " between them: "TITLE [BUTTONS]: TEXT", the
+  // title in brackets when the add-in gave none.
+  std::string MessageBoxes() const;
   // The captions of the forms shown, in order.
   Lines Titles() const;
   // The last state dump's control, by path; the one with the focus.

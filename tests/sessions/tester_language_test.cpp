@@ -139,20 +139,20 @@ std::string NamesOf(const forms::Form& form, forms::ControlKind kind) {
   std::map<std::string, std::vector<int>> indexes;
   for (const auto& c : form.Controls()) {
     if (c->Kind() != kind) continue;
-    if (std::ranges::find(names, c->Name()) == names.end()) names.push_back(c->Name());
-    if (c->Index() >= 0) indexes[c->Name()].push_back(c->Index());
+    if (!indexes.contains(c->Name())) names.push_back(c->Name());
+    auto& i = indexes[c->Name()];
+    if (c->Index() >= 0) i.push_back(c->Index());
   }
   std::string out;
   for (const auto& name : names) {
-    out += (out.empty() ? "`" : ", `") + name;
-    if (auto& i = indexes[name]; !i.empty()) {
-      std::ranges::sort(i);
-      std::string list;
-      for (int n : i) list += (list.empty() ? "" : ",") + std::to_string(n);
-      const bool run = i.back() - i.front() + 1 == std::ssize(i) && i.size() > 1;
-      out += "(" + (run ? std::to_string(i.front()) + ".." + std::to_string(i.back()) : list) + ")";
+    auto& i = indexes[name];
+    std::ranges::sort(i);
+    std::string list;
+    for (int n : i) list += (list.empty() ? "" : ",") + std::to_string(n);
+    if (i.size() > 1 && i.back() - i.front() + 1 == std::ssize(i)) {
+      list = std::to_string(i.front()) + ".." + std::to_string(i.back());
     }
-    out += "`";
+    out += (out.empty() ? "`" : ", `") + name + (list.empty() ? "" : "(" + list + ")") + "`";
   }
   return out;
 }

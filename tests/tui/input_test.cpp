@@ -26,12 +26,8 @@ constexpr std::array<ControlSpec, 4> kDesign = {{
 class Presses : public ::testing::Test {
  protected:
   Presses() {
-    auto& ticks = form_.Get<forms::ListBox>("lstTicks");
-    ticks.AddItem(u"first");
-    ticks.AddItem(u"second");
-    ticks.AddItem(u"third");
-    auto& plain = form_.Get<forms::ListBox>("lstPlain");
-    for (const char16_t* row : {u"apple", u"Banana", u"avocado"}) plain.AddItem(row);
+    for (const char16_t* row : {u"first", u"second", u"third"}) Ticks().AddItem(row);
+    for (const char16_t* row : {u"apple", u"Banana", u"avocado"}) Plain().AddItem(row);
   }
   // Shows the form, hands it the presses, and hides it.
   void Run(std::vector<Input> presses) {

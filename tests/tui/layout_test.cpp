@@ -14,9 +14,10 @@ using forms::ControlSpec;
 using K = forms::ControlKind;
 using testing::Shown;
 
-std::vector<std::string> Texts(const std::vector<Row>& rows) {
-  std::vector<std::string> out;
-  for (const Row& row : rows) out.push_back(vb::ToUtf8(RowText(row)));
+// The rows' texts, "|" between them.
+std::string Texts(const std::vector<Row>& rows) {
+  std::string out;
+  for (const Row& row : rows) out += (out.empty() ? "" : "|") + vb::ToUtf8(RowText(row));
   return out;
 }
 
@@ -61,16 +62,9 @@ TEST(FormLayout, OneRowPerVisibleControlWithFramesIndented) {
   forms::Form form(shown.runtime, "frmT", u"New Thing", kDialog);
   const FormLayout layout = LayoutShown(shown, form, {.width = 20, .indent = 2});
   EXPECT_EQ(layout.title, u"New Thing");
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{
-                                    "Name:",
-                                    "[abc_______________]",
-                                    "Options ------------",
-                                    "  [x] On",
-                                    "  (o) A",
-                                    "  ( ) B",
-                                    "< OK >",
-                                    "< Off >",
-                                }));
+  EXPECT_EQ(
+      Texts(layout.rows),
+      "Name:|[abc_______________]|Options ------------|  [x] On|  (o) A|  ( ) B|< OK >|< Off >");
   EXPECT_EQ(layout.rows[1].control, form.Find("txtName"));
   EXPECT_EQ(layout.focus_row, 1);
   ASSERT_TRUE(layout.caret.has_value());
@@ -125,13 +119,7 @@ TEST(FormLayout, AFrameHoldsItsControlsWhereverTheyStandInTheTabOrder) {
   Shown shown;
   forms::Form form(shown.runtime, "frmT", u"T", nested);
   const FormLayout layout = LayoutShown(shown, form, {.width = 12, .indent = 2});
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{
-                                    "< Top >",
-                                    "Group ------",
-                                    "  [ ] In",
-                                    "  Inner ----",
-                                    "    Deep",
-                                }));
+  EXPECT_EQ(Texts(layout.rows), "< Top >|Group ------|  [ ] In|  Inner ----|    Deep");
 }
 
 TEST(FormLayout, LabelsAlignWithinTheirRoom) {
@@ -143,7 +131,7 @@ TEST(FormLayout, LabelsAlignWithinTheirRoom) {
   Shown shown;
   forms::Form form(shown.runtime, "frmT", u"T", design);
   const FormLayout layout = LayoutShown(shown, form, {.width = 10});
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{"ab", "    ab", "        ab"}));
+  EXPECT_EQ(Texts(layout.rows), "ab|    ab|        ab");
   EXPECT_EQ(layout.rows[2].spans.back(), (Span{u"ab", kBold}));
   // No control takes the focus: no row shows it.
   EXPECT_EQ(layout.focus_row, -1);
@@ -211,58 +199,53 @@ constexpr std::array<ControlSpec, 2> kListDesign = {{
     {K::CommandButton, "cmdOK", -1, u"OK"},
 }};
 
-void Fill(forms::Form& form, int rows) {
-  auto& list = form.Get<forms::ListBox>("lst");
-  for (int i = 0; i < rows; ++i) list.AddItem(vb::Text(1, static_cast<char16_t>(u'a' + i)));
-}
+// A check list of `rows` rows; `index` is its ListIndex (-1: none), `tab`
+// moves the focus on to the button.
+struct ListCase {
+  const char* name;
+  int rows, index;
+  bool tab;
+  const char* texts;
+  int focus_row, marked_row;  // the row of the cursor or ListIndex
+  unsigned marked_attrs;
+};
+void PrintTo(const ListCase& c, std::ostream* os) { *os << c.name; }
 
-TEST(ListLayout, AWindowOfRowsKeepsTheCursorInItsMiddle) {
+class ListLayout : public ::testing::TestWithParam<ListCase> {};
+
+TEST_P(ListLayout, AWindowOfRowsAroundTheCursor) {
+  const ListCase& c = GetParam();
   Shown shown;
   forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
   const FormLayout layout =
-      LayoutShown(shown, form, {.width = 10, .list_rows = 4}, [](forms::Form& f) {
-        Fill(f, 10);
+      LayoutShown(shown, form, {.width = 10, .list_rows = 4}, [&](forms::Form& f) {
         auto& list = f.Get<forms::ListBox>("lst");
-        list.SetSelected(5, true);
-        list.SetListIndex(5);
+        for (int i = 0; i < c.rows; ++i) list.AddItem(vb::Text(1, static_cast<char16_t>(u'a' + i)));
+        if (c.index == 5) list.SetSelected(5, true);
+        if (c.index >= 0) list.SetListIndex(c.index);
+        if (c.tab) f.UserKey(forms::Key::Tab);
       });
-  EXPECT_EQ(Texts(layout.rows),
-            (std::vector<std::string>{"^[ ] d", " [ ] e", " [x] f", "v[ ] g", "< OK >"}));
-  // The list has the focus: the cursor's row is reversed and is the focus row.
-  EXPECT_EQ(layout.focus_row, 2);
-  EXPECT_EQ(AttrsOf(layout.rows[2], u"[x] f"), kReverse);
-  EXPECT_EQ(AttrsOf(layout.rows[1], u"[ ] e"), kPlain);
+  EXPECT_EQ(Texts(layout.rows), c.texts);
+  EXPECT_EQ(layout.focus_row, c.focus_row);
+  if (c.marked_row < 0) return;
+  EXPECT_EQ(AttrsOf(layout.rows[c.marked_row], u"["), c.marked_attrs);
+  if (c.marked_row > 0) {
+    EXPECT_EQ(AttrsOf(layout.rows[c.marked_row - 1], u"["), kPlain);
+  }
 }
 
-TEST(ListLayout, WithoutAListIndexTheFirstRowCarriesTheFocus) {
-  Shown shown;
-  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
-  const FormLayout layout =
-      LayoutShown(shown, form, {.width = 10, .list_rows = 4}, [](forms::Form& f) { Fill(f, 2); });
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" [ ] a", " [ ] b", "< OK >"}));
-  EXPECT_EQ(layout.focus_row, 0);
-  EXPECT_EQ(AttrsOf(layout.rows[0], u"[ ] a"), kReverse);
-}
-
-TEST(ListLayout, WithoutTheFocusTheListIndexRowIsBold) {
-  Shown shown;
-  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
-  const FormLayout layout = LayoutShown(shown, form, {.width = 10}, [](forms::Form& f) {
-    Fill(f, 3);
-    f.Get<forms::ListBox>("lst").SetListIndex(1);
-    f.UserKey(forms::Key::Tab);
-  });
-  EXPECT_EQ(layout.focus_row, 3);
-  EXPECT_EQ(AttrsOf(layout.rows[1], u"[ ] b"), kBold);
-}
-
-TEST(ListLayout, AnEmptyListStillHasARowForTheFocus) {
-  Shown shown;
-  forms::Form form(shown.runtime, "frmT", u"T", kListDesign);
-  const FormLayout layout = LayoutShown(shown, form, {.width = 10});
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" (empty)", "< OK >"}));
-  EXPECT_EQ(layout.focus_row, 0);
-}
+// The cursor's row is reversed while the list has the focus, the ListIndex
+// row bold without it; an empty list still has a row for the focus.
+INSTANTIATE_TEST_SUITE_P(
+    Lists, ListLayout,
+    ::testing::Values(ListCase{"CursorInTheMiddle", 10, 5, false,
+                               "^[ ] d| [ ] e| [x] f|v[ ] g|< OK >", 2, 2, kReverse},
+                      ListCase{"NoListIndexFocusesTheFirstRow", 2, -1, false,
+                               " [ ] a| [ ] b|< OK >", 0, 0, kReverse},
+                      ListCase{"WithoutTheFocusTheListIndexIsBold", 3, 1, true,
+                               " [ ] a| [ ] b| [ ] c|< OK >", 3, 1, kBold},
+                      ListCase{"Empty", 0, -1, false, " (empty)|< OK >", 0, -1, 0}),
+    forms::testing::ByName());
 
 struct CaptionCase {
   const char* name;
@@ -289,28 +272,24 @@ INSTANTIATE_TEST_SUITE_P(
         CaptionCase{"OnlyTheFirstKey", u"&a&b", {{u"a", kBold | kUnderline}, {u"b", kBold}}},
         CaptionCase{"MarkAtTheEnd", u"Tail&", {{u"Tail&", kBold}}}, CaptionCase{"Empty", u"", {}}));
 
-TEST(MessageBoxLayout, PromptLinesThenTheButtonsCentred) {
+TEST(MessageBoxLayout, PromptLinesWrappedThenTheButtonsCentred) {
   forms::MessageBox box{u"Line one\r\nLine two", forms::vbYesNoCancel, u"Tessaly", true};
   const auto buttons = forms::MsgBoxButtons(box.buttons);
   const BoxLayout layout = LayoutMessageBox(box, buttons, 1, 40);
   EXPECT_EQ(layout.title, u"Tessaly");
   EXPECT_EQ(layout.width, 29);
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" Line one", " Line two", "",
-                                                          " < Yes >  < No >  < Cancel >"}));
+  EXPECT_EQ(Texts(layout.rows), " Line one| Line two|| < Yes >  < No >  < Cancel >");
   EXPECT_EQ(AttrsOf(layout.rows[3], u"< No >"), kReverse);
   EXPECT_EQ(AttrsOf(layout.rows[3], u"< Cancel >"), kPlain);
-}
-
-TEST(MessageBoxLayout, LongLinesWrapAtBlanksOrHardAtTheWidth) {
-  forms::MessageBox box{u"aaaa bbbb cccc\nabcdefghij", forms::vbOKOnly, u"T", false};
-  const auto buttons = forms::MsgBoxButtons(box.buttons);
-  const BoxLayout layout = LayoutMessageBox(box, buttons, 0, 8);
-  EXPECT_EQ(layout.width, 8);
-  EXPECT_EQ(Texts(layout.rows), (std::vector<std::string>{" aaaa", " bbbb", " cccc", " abcdef",
-                                                          " ghij", "", " < OK >"}));
+  // Long lines wrap at blanks, or hard at the width.
+  box = forms::MessageBox{u"aaaa bbbb cccc\nabcdefghij", forms::vbOKOnly, u"T", false};
+  const auto ok = forms::MsgBoxButtons(box.buttons);
+  EXPECT_EQ(LayoutMessageBox(box, ok, 0, 8).width, 8);
+  EXPECT_EQ(Texts(LayoutMessageBox(box, ok, 0, 8).rows),
+            " aaaa| bbbb| cccc| abcdef| ghij|| < OK >");
   // A long title widens the box.
   box = forms::MessageBox{u"Hi", forms::vbOKOnly, u"A rather long title", true};
-  EXPECT_EQ(LayoutMessageBox(box, buttons, 0, 60).width, 23);
+  EXPECT_EQ(LayoutMessageBox(box, ok, 0, 60).width, 23);
 }
 
 }  // namespace

@@ -28,7 +28,21 @@ class AskingAddIn : public ide::AddIn {
   forms::Runtime* runtime_;
 };
 
-class PromptTest : public ::testing::Test {
+// Parts of the output are "|"-separated; "-" starts one that must be missing.
+struct PromptCase {
+  const char* name;
+  const char* input;
+  const char* parts;
+  int prompts;                     // how often "tessaly> " is printed
+  const char* asked = "";          // the message box shown, if any
+  const char* before_prompt = "";  // printed before the first prompt
+  std::uint32_t load_behavior = 0;
+  const char* project = nullptr;  // in the test's folder
+  int status = 0;
+};
+void PrintTo(const PromptCase& c, std::ostream* os) { *os << c.name; }
+
+class PromptTest : public ::testing::TestWithParam<PromptCase> {
  protected:
   void SetUp() override {
     static std::atomic<int> counter{0};
@@ -38,96 +52,71 @@ class PromptTest : public ::testing::Test {
   }
   void TearDown() override { std::filesystem::remove_all(dir_); }
 
-  // Runs the prompt on `input`; returns what it printed.
-  std::string Run(const std::string& input, const std::string& project = {}) {
-    std::istringstream in(input);
-    std::ostringstream out;
-    PromptOptions options;
-    options.session.settings_file = dir_ / "settings.json";
-    options.session.base_dir = dir_;
-    options.session.fonts = &fonts_;
-    options.session.frontend = &frontend_;
-    options.session.addin = [](forms::Runtime& runtime) -> ide::AddInFactory {
-      return [&runtime] { return std::make_unique<AskingAddIn>(runtime); };
-    };
-    options.session.addin_listing.load_behavior = load_behavior_;
-    options.project = project;
-    options.in = &in;
-    options.out = &out;
-    status_ = RunPrompt(std::move(options));
-    return out.str();
-  }
-
-  static int Count(const std::string& text, const std::string& part) {
-    int n = 0;
-    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++n;
-    return n;
-  }
-
   std::filesystem::path dir_;
   forms::testing::FixedFonts fonts_{{u"Arial"}};
   testing::ScriptedFrontend frontend_;
-  int status_ = -1;
-  std::uint32_t load_behavior_ = 0;
 };
 
-TEST_F(PromptTest, RunsIdeActionsAndPrintsWhatHappenedWithoutEchoingTheLine) {
-  const std::string out = Run("new-project P\nnew-form Form1\ndrop CheckBox\ndump\n");
-  EXPECT_EQ(status_, 0);
-  EXPECT_NE(out.find("tessaly> "), std::string::npos);
-  EXPECT_NE(out.find("IDE: added \"CheckBox\""), std::string::npos);
-  EXPECT_NE(out.find("CheckBox Check1:"), std::string::npos);
-  EXPECT_EQ(out.find("> drop CheckBox"), std::string::npos);
-  // The end of input ends the prompt: four lines, five prompts.
-  EXPECT_EQ(Count(out, "tessaly> "), 5);
+TEST_P(PromptTest, PrintsWhatHappened) {
+  const PromptCase& c = GetParam();
+  std::istringstream in(c.input);
+  std::ostringstream out;
+  PromptOptions options;
+  options.session.settings_file = dir_ / "settings.json";
+  options.session.base_dir = dir_;
+  options.session.fonts = &fonts_;
+  options.session.frontend = &frontend_;
+  options.session.addin = [](forms::Runtime& runtime) -> ide::AddInFactory {
+    return [&runtime] { return std::make_unique<AskingAddIn>(runtime); };
+  };
+  options.session.addin_listing.load_behavior = c.load_behavior;
+  if (c.project) options.project = (dir_ / c.project).string();
+  options.in = &in;
+  options.out = &out;
+  frontend_.answers = {forms::vbNo};
+  EXPECT_EQ(RunPrompt(std::move(options)), c.status);
+  const std::string text = out.str();
+  std::istringstream parts(c.parts);
+  for (std::string part; std::getline(parts, part, '|');) {
+    if (part.starts_with('-')) {
+      EXPECT_EQ(text.find(part.substr(1)), std::string::npos) << part << " in\n" << text;
+    } else {
+      EXPECT_NE(text.find(part), std::string::npos) << part << " not in\n" << text;
+    }
+  }
+  int prompts = 0;
+  for (auto at = text.find("tessaly> "); at != std::string::npos;
+       at = text.find("tessaly> ", at + 1)) {
+    ++prompts;
+  }
+  EXPECT_EQ(prompts, c.prompts) << text;
+  EXPECT_NE(text.substr(0, text.find("tessaly> ")).find(c.before_prompt), std::string::npos);
+  EXPECT_EQ(frontend_.prompts,
+            *c.asked ? std::vector<std::string>{c.asked} : std::vector<std::string>{});
 }
 
-TEST_F(PromptTest, AMistakeIsReportedAndThePromptGoesOn) {
-  const std::string out =
-      Run("drop\n"
-          "frobnicate now\n"
-          "type \"x\"\n"
-          "echo \"unclosed\n"
-          "new-project P\n"
-          "drop CheckBox\n"
-          "dump\n");
-  EXPECT_NE(out.find("usage: drop CLASS"), std::string::npos);
-  EXPECT_NE(out.find("unknown action 'frobnicate' (help lists the actions)"), std::string::npos);
-  EXPECT_NE(out.find("'type' is a user action"), std::string::npos);
-  EXPECT_NE(out.find("text not closed by a double quote"), std::string::npos);
-  EXPECT_NE(out.find("no form is selected"), std::string::npos);
-  EXPECT_NE(out.find("project P"), std::string::npos);
-}
-
-TEST_F(PromptTest, HelpListsTheActionsAndQuitEnds) {
-  const std::string out = Run("help\nquit\nnew-project P\ndump\n");
-  EXPECT_NE(out.find("drop CLASS"), std::string::npos);
-  EXPECT_NE(out.find("dump"), std::string::npos);
-  EXPECT_EQ(out.find("project P"), std::string::npos);
-  EXPECT_EQ(Count(out, "tessaly> "), 2);
-}
-
-TEST_F(PromptTest, DialogsGoToTheFrontEndTheSessionWasGiven) {
-  frontend_.answers.push_back(forms::vbNo);
-  const std::string out = Run("new-project P\nconnect\n");
-  EXPECT_EQ(frontend_.prompts, (std::vector<std::string>{"Ready?"}));
-  EXPECT_NE(out.find("message box \"Asking\": \"Ready?\" -> No"), std::string::npos);
-}
-
-TEST_F(PromptTest, AnAddInRegisteredForStartupConnectsBeforeTheFirstPrompt) {
-  load_behavior_ = ide::kLoadAtStartup;
-  frontend_.answers.push_back(forms::vbYes);
-  const std::string out = Run("quit\n");
-  EXPECT_EQ(frontend_.prompts, (std::vector<std::string>{"Ready?"}));
-  EXPECT_LT(out.find("Ready?"), out.find("tessaly> ")) << out;
-}
-
-TEST_F(PromptTest, AProjectThatCannotBeOpenedEndsThePromptAtOnce) {
-  const std::string out = Run("new-project P\n", (dir_ / "missing.vbp").string());
-  EXPECT_EQ(status_, 1);
-  EXPECT_NE(out.find("FAILED: open (53)"), std::string::npos) << out;
-  EXPECT_EQ(out.find("tessaly> "), std::string::npos);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Inputs, PromptTest,
+    ::testing::Values(
+        // The end of input ends the prompt; the line typed is not echoed.
+        PromptCase{"RunsIdeActions", "new-project P\nnew-form Form1\ndrop CheckBox\ndump\n",
+                   "IDE: added \"CheckBox\"|CheckBox Check1:|-> drop CheckBox", 5},
+        PromptCase{"AMistakeIsReportedAndThePromptGoesOn",
+                   "drop\nfrobnicate now\ntype \"x\"\necho \"unclosed\nnew-project P\n"
+                   "drop CheckBox\ndump\n",
+                   "usage: drop CLASS|unknown action 'frobnicate' (help lists the actions)|"
+                   "'type' is a user action|text not closed by a double quote|"
+                   "no form is selected|project P",
+                   8},
+        PromptCase{"HelpListsTheActionsAndQuitEnds", "help\nquit\nnew-project P\ndump\n",
+                   "drop CLASS|dump|-project P", 2},
+        PromptCase{"DialogsGoToTheGivenFrontEnd", "new-project P\nconnect\n",
+                   "message box \"Asking\": \"Ready?\" -> No", 3, "Ready?"},
+        PromptCase{"AStartupAddInConnectsBeforeTheFirstPrompt", "quit\n", "", 1, "Ready?", "Ready?",
+                   ide::kLoadAtStartup},
+        PromptCase{"AProjectThatCannotBeOpenedEndsAtOnce", "new-project P\n", "", 0, "",
+                   "FAILED: open (53)", 0, "missing.vbp", 1}),
+    forms::testing::ByName());
 
 }  // namespace
 }  // namespace tui

@@ -1,6 +1,6 @@
 // A small in-process automation server for tests: objects whose members are
-// a table (name, DISPID, handler), called through IDispatch, and event
-// sources behind IConnectionPointContainer.
+// a table (name, DISPID, handler), called through IDispatch, and that may be
+// an event source with its one connection point.
 //
 // It refuses what an automation server refuses: an unknown name or number, a
 // property write without its named argument DISPID_PROPERTYPUT, a sink that
@@ -14,12 +14,14 @@
 #include "win32/system.hpp"
 
 #include <ocidl.h>
+#include <olectl.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,14 @@ namespace comdouble {
 
 using Microsoft::WRL::ComPtr;
 using win32::Variant;
+
+// Calls made, in order, as "Interface.Member"; cleared by the tests at will.
+inline std::vector<std::string> g_calls;
+inline bool Called(const std::string& member) {
+  return std::find(g_calls.begin(), g_calls.end(), member) != g_calls.end();
+}
+// Name lookups per "Interface.Member", over the whole run.
+inline std::map<std::string, int> g_lookups;
 
 // One call as the object received it.
 struct Call {
@@ -44,10 +54,14 @@ struct Call {
 };
 using Handler = std::function<HRESULT(Call&)>;
 
-class Object final : public IDispatch, public IConnectionPointContainer {
+class Object final : public IDispatch, public IConnectionPointContainer, public IConnectionPoint {
  public:
   // `interface_name` is how the counts name this object's members.
-  static ComPtr<Object> Make(std::string interface_name);
+  static ComPtr<Object> Make(std::string interface_name) {
+    ComPtr<Object> object;
+    object.Attach(new Object(std::move(interface_name)));
+    return object;
+  }
 
   Object& Member(const wchar_t* name, DISPID id, Handler handler);
   // A property that gives its value and takes a new one as written, kind
@@ -56,52 +70,56 @@ class Object final : public IDispatch, public IConnectionPointContainer {
   Object& Property(const wchar_t* name, DISPID id, Variant value, Handler check = nullptr);
   // Another interface QueryInterface answers (with the IDispatch).
   Object& Answers(const IID& iid);
-  // An event source with its connection point.
+  // Makes the object an event source of `iid`.
   Object& Source(const IID& iid);
 
-  const Variant& Stored(const wchar_t* name) const;
-  std::size_t Advised(const IID& source) const;
-  // Calls every sink advised on `source` with the arguments first to last;
-  // S_OK or the first failure, whose words go to `failure`.
-  HRESULT Fire(const IID& source, DISPID id, const std::vector<Variant>& args,
-               std::wstring* failure = nullptr);
+  const Variant& Stored(const wchar_t* name) const { return stored_.at(name); }
+  std::size_t Advised() const { return sinks_.size(); }
+  // Calls every advised sink with the arguments first to last; S_OK or the
+  // first failure, whose words go to `failure`.
+  HRESULT Fire(DISPID id, const std::vector<Variant>& args, std::wstring* failure = nullptr);
 
-  // IUnknown, IDispatch, IConnectionPointContainer
+  // IUnknown, IDispatch, IConnectionPointContainer, IConnectionPoint
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++refs_; }
   ULONG STDMETHODCALLTYPE Release() override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                           DISPID* ids) override;
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params,
                                    VARIANT* result, EXCEPINFO* exception, UINT*) override;
-  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** out) override;
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
+    return E_NOTIMPL;
+  }
   HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** out) override;
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+    return E_NOTIMPL;
+  }
+  // As a source does, the sink must answer the outgoing interface.
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
+    return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
+  }
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 
  private:
-  explicit Object(std::string interface_name);
-  ~Object();
+  explicit Object(std::string interface_name) : interface_name_(std::move(interface_name)) {}
   struct Entry {
     std::wstring name;
     DISPID id;
     Handler handler;
   };
-  class Point;
-  const Entry* Find(DISPID id) const;
 
   std::atomic<ULONG> refs_{1};
   std::string interface_name_;
   std::vector<Entry> members_;
   std::map<std::wstring, Variant> stored_;
   std::vector<IID> answers_;
-  std::vector<std::unique_ptr<Point>> points_;
+  std::optional<IID> source_;
+  std::map<DWORD, ComPtr<IDispatch>> sinks_;
+  DWORD next_cookie_ = 1;
 };
-
-// Calls made, in order, as "Interface.Member"; cleared by the tests at will.
-std::vector<std::string>& Calls();
-bool Called(const std::string& member);
-// Name lookups per "Interface.Member", over the whole run.
-std::map<std::string, int>& Lookups();
 
 }  // namespace comdouble

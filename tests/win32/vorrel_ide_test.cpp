@@ -23,7 +23,6 @@
 
 namespace {
 
-using comdouble::Calls;
 using comdouble::IdeDouble;
 using comdouble::MakeIde;
 using win32::Variant;
@@ -203,15 +202,15 @@ void CheckReceivers() {
   const auto menu = events->CommandBarEvents(nullptr);
   controls->Advise(&receiver);
   menu->Advise(&receiver);
-  auto fire = [&](auto& source, const IID& iid, DISPID id, std::vector<Variant> args) {
+  auto fire = [&](auto& source, DISPID id, std::vector<Variant> args) {
     receiver.log.clear();
-    return source->Fire(iid, id, args);
+    return source->Fire(id, args);
   };
 
   BSTR old_name = SysAllocString(L"Check9");
   LONG old_index = 3;
   HRESULT hr =
-      fire(ide->control_events, win32::kIID_VBControlsEvents, win32::kItemRenamed,
+      fire(ide->control_events, win32::kItemRenamed,
            {Variant(ide->control.Get()), ByRef(VT_BSTR, &old_name), ByRef(VT_I4, &old_index)});
   SysFreeString(old_name);
   Check(hr == S_OK && receiver.log == "renamed CheckBox Check9 3",
@@ -219,22 +218,20 @@ void CheckReceivers() {
 
   VARIANT_BOOL handled = VARIANT_FALSE, cancel_default = VARIANT_TRUE;
   hr = fire(
-      ide->menu_events, win32::kIID_CommandBarEvents, win32::kClick,
+      ide->menu_events, win32::kClick,
       {Variant(ide->control.Get()), ByRef(VT_BOOL, &handled), ByRef(VT_BOOL, &cancel_default)});
   Check(hr == S_OK && receiver.log == "click" && handled == VARIANT_TRUE &&
             cancel_default == VARIANT_TRUE,
         "Click writes handled and CancelDefault back through their references");
 
   std::wstring words;
-  hr = ide->control_events->Fire(win32::kIID_VBControlsEvents, win32::kItemAdded,
-                                 {Variant(ide->control.Get())}, &words);
+  hr = ide->control_events->Fire(win32::kItemAdded, {Variant(ide->control.Get())}, &words);
   Check(hr == DISP_E_EXCEPTION && words == L"not now",
         "a receiver's failure goes back to the IDE as the event's failure, in its words");
 
   menu->Unadvise(&receiver);
   controls.reset();
-  Check(ide->menu_events->Advised(win32::kIID_CommandBarEvents) == 0 &&
-            ide->control_events->Advised(win32::kIID_VBControlsEvents) == 0,
+  Check(ide->menu_events->Advised() == 0 && ide->control_events->Advised() == 0,
         "a receiver is unadvised on Unadvise and when its events object goes");
 }
 
@@ -257,8 +254,7 @@ Microsoft::WRL::ComPtr<win32::ConnectObject> Connected(const IdeDouble& ide) {
 }
 
 std::size_t Advised(const IdeDouble& ide) {
-  return ide.menu_events->Advised(win32::kIID_CommandBarEvents) +
-         ide.control_events->Advised(win32::kIID_VBControlsEvents);
+  return ide.menu_events->Advised() + ide.control_events->Advised();
 }
 
 void CheckAddIn() {
@@ -297,9 +293,8 @@ void CheckAddIn() {
        "ItemRenamed reaches it: it reads the form's code"},
   };
   for (const Event& event : events) {
-    Calls().clear();
-    const HRESULT hr =
-        ide->control_events->Fire(win32::kIID_VBControlsEvents, event.id, event.args);
+    comdouble::g_calls.clear();
+    const HRESULT hr = ide->control_events->Fire(event.id, event.args);
     Check(hr == S_OK && comdouble::Called(event.reached), event.what, std::to_string(hr));
   }
   SysFreeString(old_name);
@@ -320,10 +315,10 @@ void CheckAddInWithoutBar() {
 
 void CheckLookups() {
   std::string repeated;
-  for (const auto& [name, count] : comdouble::Lookups()) {
+  for (const auto& [name, count] : comdouble::g_lookups) {
     if (count != 1) repeated += name + " x" + std::to_string(count) + " ";
   }
-  Check(repeated.empty() && comdouble::Lookups().size() > 20,
+  Check(repeated.empty() && comdouble::g_lookups.size() > 20,
         "each name is looked up once per interface, over all objects and connections", repeated);
 }
 

@@ -276,5 +276,5 @@ int wmain() {
   }
   KillTimer(nullptr, timer);
   CoUninitialize();
-  return FailedChecks();
+  return g_failed_checks;
 }

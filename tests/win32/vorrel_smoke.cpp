@@ -169,5 +169,5 @@ int wmain(int argc, wchar_t** argv) {
     Check(false, "no failure", failure.what());
   }
   CoUninitialize();
-  return FailedChecks();
+  return g_failed_checks;
 }

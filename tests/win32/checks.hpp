@@ -1,20 +1,14 @@
 // One line per check, as scripts/wine-smoke counts them: "ok WHAT" or
-// "FAILED WHAT: why". A program exits with FailedChecks().
+// "FAILED WHAT: why". A program exits with g_failed_checks.
 #pragma once
 
 #include <cstdio>
 #include <string>
 
-inline int& FailedChecks() {
-  static int failed = 0;
-  return failed;
-}
+inline int g_failed_checks = 0;
 
 inline void Check(bool ok, const char* what, const std::string& why = "") {
-  if (ok) {
-    std::printf("ok %s\n", what);
-  } else {
-    ++FailedChecks();
-    std::printf("FAILED %s%s%s\n", what, why.empty() ? "" : ": ", why.c_str());
-  }
+  g_failed_checks += !ok;
+  std::printf("%s %s%s%s\n", ok ? "ok" : "FAILED", what, ok || why.empty() ? "" : ": ",
+              ok ? "" : why.c_str());
 }

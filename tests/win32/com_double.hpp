@@ -1,6 +1,6 @@
 // A small in-process automation server for tests: objects whose members are
-// a table (name, DISPID, handler), called through IDispatch, and event
-// sources behind IConnectionPointContainer.
+// a table (name, DISPID, handler), called through IDispatch, and that may be
+// an event source with its one connection point.
 //
 // It refuses what an automation server refuses: an unknown name or number, a
 // property write without its named argument DISPID_PROPERTYPUT, a sink that
@@ -14,12 +14,15 @@
 #include "win32/system.hpp"
 
 #include <ocidl.h>
+#include <oleauto.h>
+#include <olectl.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +32,14 @@ namespace comdouble {
 
 using Microsoft::WRL::ComPtr;
 using win32::Variant;
+
+// Calls made, in order, as "Interface.Member"; cleared by the tests at will.
+inline std::vector<std::string> g_calls;
+inline bool Called(const std::string& member) {
+  return std::find(g_calls.begin(), g_calls.end(), member) != g_calls.end();
+}
+// Name lookups per "Interface.Member", over the whole run.
+inline std::map<std::string, int> g_lookups;
 
 // One call as the object received it.
 struct Call {
@@ -40,68 +51,175 @@ struct Call {
   bool IsPut() const { return flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF); }
   // Fails the call as an automation server does: DISP_E_EXCEPTION with the
   // number in scode (or in wCode when `scode` is 0) and these words.
-  HRESULT Refuse(HRESULT scode, const wchar_t* description, WORD code = 0);
+  HRESULT Refuse(HRESULT scode, const wchar_t* description, WORD code = 0) {
+    if (!exception) return scode ? scode : E_FAIL;
+    *exception = EXCEPINFO{};
+    exception->wCode = code;
+    exception->scode = scode;
+    exception->bstrDescription = SysAllocString(description);
+    return DISP_E_EXCEPTION;
+  }
 };
 using Handler = std::function<HRESULT(Call&)>;
 
-class Object final : public IDispatch, public IConnectionPointContainer {
+class Object final : public IDispatch, public IConnectionPointContainer, public IConnectionPoint {
  public:
   // `interface_name` is how the counts name this object's members.
-  static ComPtr<Object> Make(std::string interface_name);
+  static ComPtr<Object> Make(std::string interface_name) {
+    ComPtr<Object> object;
+    object.Attach(new Object(std::move(interface_name)));
+    return object;
+  }
 
-  Object& Member(const wchar_t* name, DISPID id, Handler handler);
+  Object& Member(const wchar_t* name, DISPID id, Handler handler) {
+    members_.push_back({name, id, std::move(handler)});
+    return *this;
+  }
   // A property that gives its value and takes a new one as written, kind
   // and all, unless `check` refuses it; an object value is a property giving
   // that object.
-  Object& Property(const wchar_t* name, DISPID id, Variant value, Handler check = nullptr);
+  Object& Property(const wchar_t* name, DISPID id, Variant value, Handler check = nullptr) {
+    stored_[name] = std::move(value);
+    return Member(name, id, [this, key = std::wstring(name), check](Call& call) {
+      if (call.args.size() != (call.IsPut() ? 1u : 0u)) return DISP_E_BADPARAMCOUNT;
+      if (const HRESULT hr = check && call.IsPut() ? check(call) : S_OK; FAILED(hr)) return hr;
+      if (!call.IsPut()) call.result = stored_[key];
+      if (call.IsPut()) stored_[key] = Variant::Unwrapped(call.args.back().Get());
+      return S_OK;
+    });
+  }
   // Another interface QueryInterface answers (with the IDispatch).
-  Object& Answers(const IID& iid);
-  // An event source with its connection point.
-  Object& Source(const IID& iid);
+  Object& Answers(const IID& iid) { return answers_.push_back(iid), *this; }
+  // Makes the object an event source of `iid`.
+  Object& Source(const IID& iid) { return source_ = iid, *this; }
 
-  const Variant& Stored(const wchar_t* name) const;
-  std::size_t Advised(const IID& source) const;
-  // Calls every sink advised on `source` with the arguments first to last;
-  // S_OK or the first failure, whose words go to `failure`.
-  HRESULT Fire(const IID& source, DISPID id, const std::vector<Variant>& args,
-               std::wstring* failure = nullptr);
+  const Variant& Stored(const wchar_t* name) const { return stored_.at(name); }
+  std::size_t Advised() const { return sinks_.size(); }
+  // Calls every advised sink with the arguments first to last; S_OK or the
+  // first failure, whose words go to `failure`.
+  HRESULT Fire(DISPID id, const std::vector<Variant>& args, std::wstring* failure = nullptr) {
+    std::vector<VARIANT> listed;  // shallow: `args` owns the values
+    for (auto arg = args.rbegin(); arg != args.rend(); ++arg) listed.push_back(arg->Get());
+    DISPPARAMS params{listed.data(), nullptr, static_cast<UINT>(listed.size()), 0};
+    const auto sinks = sinks_;  // a sink may unadvise while it runs
+    for (const auto& [cookie, sink] : sinks) {
+      EXCEPINFO exception{};
+      const HRESULT hr =
+          sink->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &params, nullptr, &exception, nullptr);
+      if (failure && exception.bstrDescription) *failure = exception.bstrDescription;
+      SysFreeString(exception.bstrDescription);
+      SysFreeString(exception.bstrSource);
+      SysFreeString(exception.bstrHelpFile);
+      if (FAILED(hr)) return hr;
+    }
+    return S_OK;
+  }
 
-  // IUnknown, IDispatch, IConnectionPointContainer
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
+  // IUnknown
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
+    const auto is = [&iid](const IID& other) { return IsEqualIID(iid, other) != 0; };
+    if (source_ && is(IID_IConnectionPointContainer)) {
+      *out = static_cast<IConnectionPointContainer*>(this);
+    } else if (source_ && is(IID_IConnectionPoint)) {
+      *out = static_cast<IConnectionPoint*>(this);
+    } else if (is(IID_IUnknown) || is(IID_IDispatch) ||
+               std::any_of(answers_.begin(), answers_.end(), is)) {
+      *out = static_cast<IDispatch*>(this);
+    } else {
+      *out = nullptr;
+      return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+  }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++refs_; }
-  ULONG STDMETHODCALLTYPE Release() override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --refs_;
+    if (left == 0) delete this;
+    return left;
+  }
+  // IDispatch
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                          DISPID* ids) override;
+                                          DISPID* ids) override {
+    ids[0] = DISPID_UNKNOWN;
+    for (const Entry& entry : members_) {
+      if (count != 1 || _wcsicmp(entry.name.c_str(), names[0]) != 0) continue;
+      ++g_lookups[Named(entry)];
+      ids[0] = entry.id;
+      return S_OK;
+    }
+    return DISP_E_UNKNOWNNAME;
+  }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params,
-                                   VARIANT* result, EXCEPINFO* exception, UINT*) override;
-  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** out) override;
-  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** out) override;
+                                   VARIANT* result, EXCEPINFO* exception, UINT*) override {
+    const auto entry =
+        std::find_if(members_.begin(), members_.end(), [id](const Entry& e) { return e.id == id; });
+    if (entry == members_.end()) return DISP_E_MEMBERNOTFOUND;
+    g_calls.push_back(Named(*entry));
+    Call call{flags, {}, {}, exception};
+    const UINT named = params ? params->cNamedArgs : 0;
+    if (call.IsPut() && !(named == 1 && params->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT)) {
+      return DISP_E_PARAMNOTOPTIONAL;
+    }
+    if (!call.IsPut() && named != 0) return DISP_E_NONAMEDARGS;
+    for (UINT i = params ? params->cArgs : 0; i-- > named;) {
+      call.args.push_back(Variant::Copy(params->rgvarg[i]));
+    }
+    if (named) call.args.push_back(Variant::Copy(params->rgvarg[0]));
+    const HRESULT hr = entry->handler(call);
+    if (SUCCEEDED(hr) && result) {
+      VariantInit(result);
+      VariantCopy(result, const_cast<VARIANT*>(&call.result.Get()));
+    }
+    return hr;
+  }
+  // IConnectionPointContainer
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** out) override {
+    *out = source_ && IsEqualIID(*source_, iid) ? this : nullptr;
+    if (*out) AddRef();
+    return *out ? S_OK : CONNECT_E_NOCONNECTION;
+  }
+  // IConnectionPoint; as a source does, it wants the sink to answer the
+  // outgoing interface.
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
+    ComPtr<IDispatch> events;
+    if (!sink || FAILED(sink->QueryInterface(*source_, &events))) return CONNECT_E_CANNOTCONNECT;
+    sinks_[*cookie = next_cookie_++] = events;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
+    return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
+  }
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 
  private:
-  explicit Object(std::string interface_name);
-  ~Object();
+  explicit Object(std::string interface_name) : interface_name_(std::move(interface_name)) {}
   struct Entry {
     std::wstring name;
     DISPID id;
     Handler handler;
   };
-  class Point;
-  const Entry* Find(DISPID id) const;
+  std::string Named(const Entry& entry) const {
+    return interface_name_ + "." + std::string(entry.name.begin(), entry.name.end());
+  }
 
   std::atomic<ULONG> refs_{1};
   std::string interface_name_;
   std::vector<Entry> members_;
   std::map<std::wstring, Variant> stored_;
   std::vector<IID> answers_;
-  std::vector<std::unique_ptr<Point>> points_;
+  std::optional<IID> source_;
+  std::map<DWORD, ComPtr<IDispatch>> sinks_;
+  DWORD next_cookie_ = 1;
 };
-
-// Calls made, in order, as "Interface.Member"; cleared by the tests at will.
-std::vector<std::string>& Calls();
-bool Called(const std::string& member);
-// Name lookups per "Interface.Member", over the whole run.
-std::map<std::string, int>& Lookups();
 
 }  // namespace comdouble

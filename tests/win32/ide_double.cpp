@@ -9,17 +9,15 @@ namespace comdouble {
 namespace {
 
 // Members the IDE's libraries leave to be found by name: numbers of our own.
-constexpr DISPID kParentOfControls = 0x60020040;
-constexpr DISPID kParentOfForm = 0x60020041;
+constexpr DISPID kParentOfControls = 0x60020040, kParentOfForm = 0x60020041;
 
 Variant Of(const ComPtr<Object>& object) { return Variant(object.Get()); }
-Variant Text(const wchar_t* text) {
-  return vb::Value(vb::Text(reinterpret_cast<const char16_t*>(text)));
+Variant Text(const std::wstring& text) { return vb::Value(vb::Text(text.begin(), text.end())); }
+Variant Long(std::size_t n) { return vb::Value(static_cast<vb::Long>(n)); }
+std::wstring Arg(const Call& call, std::size_t i) {
+  const vb::Text text = call.args.at(i).ToValue().ToText();
+  return {text.begin(), text.end()};
 }
-Variant Long(vb::Long n) { return vb::Value(n); }
-vb::Text TextArg(const Call& call, std::size_t i) { return call.args.at(i).ToValue().ToText(); }
-
-bool IsObjectOrNothing(const Variant& arg) { return arg.Type() == VT_DISPATCH; }
 
 void MakeMenu(IdeDouble& ide, bool with_addins_bar) {
   auto controls = Object::Make("CommandBarControls");
@@ -44,7 +42,7 @@ void MakeMenu(IdeDouble& ide, bool with_addins_bar) {
   auto bars = Object::Make("CommandBars");
   bars->Member(L"Item", 0, [bar, with_addins_bar](Call& call) {
     if (call.args.size() != 1) return DISP_E_BADPARAMCOUNT;
-    if (!with_addins_bar || TextArg(call, 0) != u"Add-Ins") {
+    if (!with_addins_bar || Arg(call, 0) != L"Add-Ins") {
       return call.Refuse(E_INVALIDARG, L"Invalid procedure call or argument");
     }
     call.result = Of(bar);
@@ -53,50 +51,38 @@ void MakeMenu(IdeDouble& ide, bool with_addins_bar) {
   ide.vbe->Property(L"CommandBars", 108, Of(bars));
 }
 
-void MakeEvents(IdeDouble& ide) {
-  ide.menu_events = Object::Make("CommandBarEvents");
-  ide.menu_events->Source(win32::kIID_CommandBarEvents);
-  ide.control_events = Object::Make("VBControlsEvents");
-  ide.control_events->Source(win32::kIID_VBControlsEvents);
-  auto events = Object::Make("Events");
-  // Both are read as properties with arguments; Nothing is an empty object.
-  events->Member(L"CommandBarEvents", 205, [&ide](Call& call) {
-    if (!(call.flags & DISPATCH_PROPERTYGET) || call.args.size() != 1) return DISP_E_BADPARAMCOUNT;
-    if (!IsObjectOrNothing(call.args[0])) return DISP_E_TYPEMISMATCH;
-    ide.watched_entry = V_DISPATCH(&call.args[0].Get());
-    call.result = Of(ide.menu_events);
-    return S_OK;
-  });
-  events->Member(L"VBControlsEvents", 203, [&ide](Call& call) {
-    if (!(call.flags & DISPATCH_PROPERTYGET) || call.args.size() != 2) return DISP_E_BADPARAMCOUNT;
-    if (!IsObjectOrNothing(call.args[0]) || !IsObjectOrNothing(call.args[1])) {
-      return DISP_E_TYPEMISMATCH;
+// An events property: read with objects as its arguments (Nothing is an
+// empty one), kept in `watched`, giving `source`.
+Handler Watch(std::vector<IDispatch**> watched, ComPtr<Object> source) {
+  return [watched, source](Call& call) {
+    if (!(call.flags & DISPATCH_PROPERTYGET) || call.args.size() != watched.size()) {
+      return DISP_E_BADPARAMCOUNT;
     }
-    ide.watched_project = V_DISPATCH(&call.args[0].Get());
-    ide.watched_form = V_DISPATCH(&call.args[1].Get());
-    call.result = Of(ide.control_events);
+    for (std::size_t i = 0; i < watched.size(); ++i) {
+      if (call.args[i].Type() != VT_DISPATCH) return DISP_E_TYPEMISMATCH;
+      *watched[i] = V_DISPATCH(&call.args[i].Get());
+    }
+    call.result = Of(source);
     return S_OK;
-  });
-  ide.vbe->Property(L"Events", 111, Of(events));
+  };
 }
 
 ComPtr<Object> MakeCode(IdeDouble& ide) {
   ide.code = {L"Private Sub Form_Load()", L"End Sub", L"", L"Private Sub Command1_Click()",
               L"End Sub"};
-  auto members = Object::Make("_Members");
   std::vector<ComPtr<Object>> list;
   for (const auto& [name, line] : {std::pair{L"Form_Load", 1}, {L"Command1_Click", 4}}) {
-    auto member = Object::Make("Member");
-    member->Property(L"Name", 2, Text(name)).Property(L"CodeLocation", 6, Long(line));
-    list.push_back(member);
+    list.push_back(Object::Make("Member"));
+    list.back()->Property(L"Name", 2, Text(name)).Property(L"CodeLocation", 6, Long(line));
   }
-  members->Property(L"Count", 0x60020003, Long(static_cast<vb::Long>(list.size())));
+  auto members = Object::Make("_Members");
+  members->Property(L"Count", 0x60020003, Long(list.size()));
   // Item(index from 1, or name)
   members->Member(L"Item", 0, [list](Call& call) {
     for (std::size_t i = 0; call.args.size() == 1 && i < list.size(); ++i) {
-      const bool by_index = call.args[0].Type() == VT_I4;
-      if (by_index ? call.args[0].ToLong() == static_cast<vb::Long>(i + 1)
-                   : TextArg(call, 0) == list[i]->Stored(L"Name").ToValue().ToText()) {
+      if (call.args[0].Type() == VT_I4
+              ? call.args[0].ToLong() == static_cast<vb::Long>(i + 1)
+              : Text(Arg(call, 0)).ToValue() == list[i]->Stored(L"Name").ToValue()) {
         call.result = Of(list[i]);
         return S_OK;
       }
@@ -104,39 +90,37 @@ ComPtr<Object> MakeCode(IdeDouble& ide) {
     return call.Refuse(MAKE_HRESULT(1, FACILITY_CONTROL, 9), L"Subscript out of range");
   });
 
-  auto module = Object::Make("_CodeModule");
   auto& code = ide.code;
-  auto range = [&code](const Call& call, std::size_t& first, std::size_t& count) {
-    if (call.args.size() != 2 || call.args[0].Type() != VT_I4 || call.args[1].Type() != VT_I4) {
-      return false;
+  // Lines and DeleteLines take (first from 1, count) within the code.
+  const auto range = [&code](Call& call, const auto& then) {
+    const bool longs =
+        call.args.size() == 2 && call.args[0].Type() == VT_I4 && call.args[1].Type() == VT_I4;
+    const std::size_t first = longs ? call.args[0].ToLong() : 0;
+    const std::size_t count = longs ? call.args[1].ToLong() : 0;
+    if (first < 1 || first + count > code.size() + 1) {
+      return call.Refuse(E_INVALIDARG, L"Invalid argument");
     }
-    first = call.args[0].ToLong();
-    count = call.args[1].ToLong();
-    return first >= 1 && first + count <= code.size() + 1;
+    then(code.begin() + (first - 1), code.begin() + (first - 1 + count));
+    return S_OK;
   };
+  auto module = Object::Make("_CodeModule");
   module->Member(L"CountOfLines", 0x60020007, [&code](Call& call) {
-    call.result = Long(static_cast<vb::Long>(code.size()));
+    call.result = Long(code.size());
     return S_OK;
   });
-  module->Member(L"Lines", 0x60020006, [&code, range](Call& call) {
-    std::size_t first = 0, count = 0;
-    if (!range(call, first, count)) return call.Refuse(E_INVALIDARG, L"Invalid argument");
-    std::wstring text;
-    for (std::size_t i = first; i < first + count; ++i)
-      text += (i > first ? L"\r\n" : L"") + code[i - 1];
-    call.result = Text(text.c_str());
-    return S_OK;
+  module->Member(L"Lines", 0x60020006, [range](Call& call) {
+    return range(call, [&call](auto begin, auto end) {
+      std::wstring text;
+      for (auto line = begin; line != end; ++line) text += (line == begin ? L"" : L"\r\n") + *line;
+      call.result = Text(text);
+    });
   });
-  module->Member(L"DeleteLines", 0x60020009, [&code, range](Call& call) {
-    std::size_t first = 0, count = 0;
-    if (!range(call, first, count)) return call.Refuse(E_INVALIDARG, L"Invalid argument");
-    code.erase(code.begin() + (first - 1), code.begin() + (first - 1 + count));
-    return S_OK;
+  module->Member(L"DeleteLines", 0x60020009, [range, &code](Call& call) {
+    return range(call, [&code](auto begin, auto end) { code.erase(begin, end); });
   });
   module->Member(L"AddFromString", 0x60020004, [&code](Call& call) {
     if (call.args.size() != 1 || call.args[0].Type() != VT_BSTR) return DISP_E_TYPEMISMATCH;
-    const vb::Text text = TextArg(call, 0);
-    code.emplace_back(text.begin(), text.end());  // one line is enough here
+    code.push_back(Arg(call, 0));  // one line is enough here
     return S_OK;
   });
   module->Property(L"Members", 0x60020013, Of(members));
@@ -147,11 +131,11 @@ void MakeControl(IdeDouble& ide) {
   ide.font = Object::Make("IFontDisp");
   ide.font->Answers(IID_IFontDisp)
       .Property(L"Name", 0, Text(L"MS Sans Serif"))
-      .Property(L"Size", 2, Variant(vb::Value(vb::Integer(8))).As(VT_CY))
-      .Property(L"Bold", 3, vb::Value(vb::Boolean::False))
-      .Property(L"Italic", 4, vb::Value(vb::Boolean::False))
-      .Property(L"Underline", 5, vb::Value(vb::Boolean::False))
-      .Property(L"Strikethrough", 6, vb::Value(vb::Boolean::False));
+      .Property(L"Size", 2, Variant(vb::Value(vb::Integer(8))).As(VT_CY));
+  DISPID style_id = 3;
+  for (const wchar_t* style : {L"Bold", L"Italic", L"Underline", L"Strikethrough"}) {
+    ide.font->Property(style, style_id++, vb::Value(vb::Boolean::False));
+  }
 
   const auto check_value = [](Call& call) {
     const Variant& value = call.args.back();
@@ -165,17 +149,15 @@ void MakeControl(IdeDouble& ide) {
       {L"Font", Of(ide.font), nullptr},
   };
   for (const auto& [name, value, check] : properties) {
-    auto property = Object::Make("Property");
+    auto& property = ide.properties[name] = Object::Make("Property");
     property->Property(L"Name", 40, Text(name))
         .Property(L"Value", 0, value, check)
-        .Property(L"Object", 45, std::wstring(name) == L"Font" ? Of(ide.font) : Variant());
-    ide.properties[name] = property;
+        .Property(L"Object", 45, value.Type() == VT_DISPATCH ? value : Variant());
   }
   auto collection = Object::Make("_Properties");
   collection->Member(L"Item", 0, [&ide](Call& call) {
     if (call.args.size() != 1) return DISP_E_BADPARAMCOUNT;
-    const vb::Text name = TextArg(call, 0);
-    const auto found = ide.properties.find(std::wstring(name.begin(), name.end()));
+    const auto found = ide.properties.find(Arg(call, 0));
     if (found == ide.properties.end()) return call.Refuse(0, kNoSuchProperty, 438);
     call.result = Of(found->second);
     return S_OK;
@@ -202,7 +184,15 @@ std::unique_ptr<IdeDouble> MakeIde(bool with_addins_bar) {
   ide->project->Property(L"Name", 0, Text(L"Project1"));
   ide->vbe->Property(L"ActiveVBProject", 201, Of(ide->project));
   MakeMenu(*ide, with_addins_bar);
-  MakeEvents(*ide);
+  ide->menu_events = Object::Make("CommandBarEvents");
+  ide->menu_events->Source(win32::kIID_CommandBarEvents);
+  ide->control_events = Object::Make("VBControlsEvents");
+  ide->control_events->Source(win32::kIID_VBControlsEvents);
+  auto events = Object::Make("Events");
+  events->Member(L"CommandBarEvents", 205, Watch({&ide->watched_entry}, ide->menu_events))
+      .Member(L"VBControlsEvents", 203,
+              Watch({&ide->watched_project, &ide->watched_form}, ide->control_events));
+  ide->vbe->Property(L"Events", 111, Of(events));
   MakeControl(*ide);
   return ide;
 }

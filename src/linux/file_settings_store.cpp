@@ -269,6 +269,28 @@ Json& MemberOf(Json& group, const std::string& name) {
 
 // ---- Writing ---------------------------------------------------------------
 
+// A temporary file's name: this prefix and mkostemp's six characters. The
+// "tmp-" keeps a user's own ".settings.json.backup" from looking like one.
+std::string TempPrefix(const fs::path& target) {
+  return "." + target.filename().string() + ".tmp-";
+}
+
+// Removes temporary files that writers killed mid-write left beside `target`.
+// Call only under the store's lock: only a lock holder makes a temporary, and
+// it renames or removes it before letting go, so any found now is orphaned.
+void RemoveOrphans(const fs::path& folder, const fs::path& target) {
+  const std::string prefix = TempPrefix(target);
+  constexpr std::size_t kUniquePart = 6;  // the XXXXXX of mkostemp
+  std::error_code ec;
+  for (const auto& entry : fs::directory_iterator(folder, ec)) {
+    const std::string name = entry.path().filename().string();
+    if (name.size() == prefix.size() + kUniquePart && name.starts_with(prefix) &&
+        entry.is_regular_file(ec)) {
+      fs::remove(entry.path(), ec);
+    }
+  }
+}
+
 // Writes `bytes` as the new content of `file`: a complete temporary file in the
 // same folder, flushed to disk, then renamed over the old one and the folder
 // flushed, so a reader or a crash sees the old file or the new, never a mix.
@@ -282,8 +304,9 @@ void ReplaceFile(const fs::path& file, const std::string& bytes) {
     if (!ec) target = resolved;
   }
   const fs::path folder = FolderOf(target);
+  RemoveOrphans(folder, target);
 
-  std::string temp_name = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
+  std::string temp_name = (folder / (TempPrefix(target) + "XXXXXX")).string();
   UniqueFd fd(::mkostemp(temp_name.data(), O_CLOEXEC));
   if (fd.Get() < 0) FailAccess(file, "written", errno);
   const fs::path temp = temp_name;

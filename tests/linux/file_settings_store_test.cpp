@@ -101,6 +101,16 @@ TEST_F(SettingsStoreFileTest, FileIsReadableJsonInWritingOrder) {
   EXPECT_EQ(Listing(), (std::set<std::string>{"settings.json", "settings.json.lock"}));
 }
 
+// A writer killed mid-write leaves its temporary file; the next write, which
+// holds the lock, takes it away and leaves the user's own files alone.
+TEST_F(SettingsStoreFileTest, TheNextWriteRemovesAKilledWritersTemporary) {
+  WriteAll(dir_ / ".settings.json.tmp-Ab12Z9", "{\"half");
+  WriteAll(dir_ / ".settings.json.backup", "mine");
+  FileSettingsStore(file_).Save(u"Tessaly", u"Fonts", u"Name", u"Arial");
+  EXPECT_EQ(Listing(), (std::set<std::string>{".settings.json.backup", "settings.json",
+                                              "settings.json.lock"}));
+}
+
 TEST_F(SettingsStoreFileTest, MissingFileStoresNothingUntilSaveMakesIt) {
   FileSettingsStore store(dir_ / "a" / "b" / "settings.json");
   EXPECT_EQ(store.Get(u"Tessaly", u"Fonts", u"Size"), std::nullopt);

@@ -20,9 +20,12 @@
 // its display name, description and load behaviour are the record's.
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <system_error>
 
 #include "host/connect.hpp"
 #include "linux/fontconfig_catalog.hpp"
@@ -87,13 +90,23 @@ int RunCheck(const std::string& path, const std::optional<vbfiles::CodePage>& co
 int RunScript(const std::string& script_path, const std::string& trace_path,
               const std::string& settings_path, bool quiet,
               const std::optional<vbfiles::CodePage>& code_page) {
+  std::error_code ec;
+  if (std::filesystem::is_directory(script_path, ec)) {
+    std::cerr << "tessaly: " << script_path << " is a folder, not a session script\n";
+    return 2;
+  }
   std::ifstream in(script_path, std::ios::binary);
   if (!in) {
-    std::cerr << "tessaly: cannot open the script " << script_path << '\n';
+    std::cerr << "tessaly: cannot open the script " << script_path << ": "
+              << std::error_code(errno, std::generic_category()).message() << '\n';
     return 2;
   }
   std::stringstream text;
   text << in.rdbuf();
+  if (in.bad()) {
+    std::cerr << "tessaly: cannot read the script " << script_path << '\n';
+    return 2;
+  }
   std::ofstream trace_file;
   if (!trace_path.empty()) {
     trace_file.open(trace_path, std::ios::binary | std::ios::trunc);

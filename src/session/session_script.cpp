@@ -1,5 +1,7 @@
 #include "session/session_script.hpp"
 
+#include <algorithm>
+#include <cctype>
 #include <map>
 #include <stdexcept>
 
@@ -58,11 +60,12 @@ std::string ReadQuoted(const std::string& line, std::size_t& i, const std::strin
         if (i + 4 > line.size()) Fail(origin, "\\u needs four hex digits");
         const std::string hex = line.substr(i, 4);
         i += 4;
-        try {
-          AppendUtf8(word, static_cast<char32_t>(std::stoul(hex, nullptr, 16)));
-        } catch (const std::exception&) {
+        // Exactly four hex digits: no sign, no blank, nothing else.
+        if (!std::all_of(hex.begin(), hex.end(),
+                         [](unsigned char c) { return std::isxdigit(c) != 0; })) {
           Fail(origin, "bad \\u escape '\\u" + hex + "'");
         }
+        AppendUtf8(word, static_cast<char32_t>(std::stoul(hex, nullptr, 16)));
         break;
       }
       default:

@@ -103,11 +103,12 @@ INSTANTIATE_TEST_SUITE_P(
                    "IDE: added \"CheckBox\"|CheckBox Check1:|-> drop CheckBox", 5},
         PromptCase{"AMistakeIsReportedAndThePromptGoesOn",
                    "drop\nfrobnicate now\ntype \"x\"\necho \"unclosed\nnew-project P\n"
-                   "drop CheckBox\ndump\n",
+                   "drop CheckBox\necho \"\\u12zz\"\necho \"\\u-001\"\ndump\n",
                    "usage: drop CLASS|unknown action 'frobnicate' (help lists the actions)|"
                    "'type' is a user action|text not closed by a double quote|"
-                   "no form is selected|project P",
-                   8},
+                   "no form is selected|bad \\u escape '\\u12zz'|bad \\u escape '\\u-001'|"
+                   "project P",
+                   10},
         PromptCase{"HelpListsTheActionsAndQuitEnds", "help\nquit\nnew-project P\ndump\n",
                    "drop CLASS|dump|-project P", 2},
         PromptCase{"DialogsGoToTheGivenFrontEnd", "new-project P\nconnect\n",

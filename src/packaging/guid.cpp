@@ -5,11 +5,15 @@
 #include "packaging/little_endian.hpp"
 
 namespace packaging {
+namespace {
+
+constexpr char kDigits[] = "0123456789ABCDEF";
+
+}  // namespace
 
 std::string FormatGuid(const Guid& guid) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
   std::string text = "{";
-  const auto put = [&text, &kDigits](std::uint32_t value, int digits) {
+  const auto put = [&text](std::uint32_t value, int digits) {
     for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
       text += kDigits[value >> shift & 0xF];
   };

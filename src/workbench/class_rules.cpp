@@ -28,7 +28,6 @@ constexpr std::int32_t kButtonFace = SystemColor(0x0F);
 constexpr std::int32_t kButtonText = SystemColor(0x12);
 constexpr std::int32_t kWindowBack = SystemColor(0x05);
 constexpr std::int32_t kWindowText = SystemColor(0x08);
-constexpr std::int32_t kWindowFrame = SystemColor(0x06);
 
 PropertyRule TextRule(vb::Text name, vb::Text default_value = {}) {
   return {.name = std::move(name),

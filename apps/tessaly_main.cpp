@@ -1,15 +1,18 @@
 // tessaly: the workbench's command line.
 //
 //   tessaly run SCRIPT [--trace FILE] [--settings FILE] [--quiet]
-//   tessaly interactive [PROJECT.vbp] [--settings FILE]
+//   tessaly interactive [PROJECT.vbp] [--settings FILE] [--trace FILE] [--quiet|--verbose]
+//                       [--codepage N]
 //   tessaly addins
 //   tessaly roundtrip PROJECT.vbp|FORM.frm... [--codepage N]
 //   tessaly check PROJECT.vbp [--codepage N]
 //
 // `run` runs a session script against the workbench IDE with the Tessaly
 // add-in loaded, printing a transcript; --trace writes the JSON Lines trace.
-// `interactive` gives a prompt for the same IDE actions and shows the add-in's
-// dialogs in the terminal. `addins` lists the add-ins the workbench offers.
+// `interactive` gives the workbench screen (project tree, form, code,
+// properties, a command line for the same IDE actions) and shows the add-in's
+// dialogs in the terminal; a plain prompt when standard input or output is not
+// a terminal. `addins` lists the add-ins the workbench offers.
 // `roundtrip` writes projects or forms into memory and reports every file
 // whose bytes would differ (exit status 1 when one would). `check` reports
 // event procedures left without their control, and default control names.
@@ -27,6 +30,8 @@
 #include <sstream>
 #include <system_error>
 
+#include <unistd.h>
+
 #include "host/connect.hpp"
 #include "linux/fontconfig_catalog.hpp"
 #include "packaging/registration_record.hpp"
@@ -34,6 +39,7 @@
 #include "session/session.hpp"
 #include "tui/prompt.hpp"
 #include "tui/terminal_frontend.hpp"
+#include "tui/workbench_app.hpp"
 #include "vbfiles/code_page.hpp"
 #include "workbench/project_report.hpp"
 
@@ -138,18 +144,41 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
   return 0;
 }
 
-int RunInteractive(const std::string& project, const std::string& settings_path) {
+struct InteractiveArgs {
+  std::string project;
+  std::string settings;
+  std::string trace;
+  tui::Verbosity verbosity = tui::Verbosity::Normal;
+  std::optional<vbfiles::CodePage> code_page;
+};
+
+int RunInteractive(const InteractiveArgs& args) {
+  std::ofstream trace_file;
+  if (!args.trace.empty()) {
+    trace_file.open(args.trace, std::ios::binary | std::ios::trunc);
+    if (!trace_file) {
+      std::cerr << "tessaly: cannot write the trace " << args.trace << '\n';
+      return 2;
+    }
+  }
   linux_platform::FontconfigCatalog fonts;
   tui::TerminalFrontend terminal(fonts);
   tui::PromptOptions options;
-  options.session.settings_file = settings_path;
+  options.session.settings_file = args.settings;
   options.session.fonts = &fonts;
   options.session.frontend = &terminal;
+  options.session.code_page = args.code_page;
+  options.session.trace = args.trace.empty() ? nullptr : &trace_file;
   UseTessaly(options.session);
-  options.project = project;
+  options.project = args.project;
+  options.verbosity = args.verbosity;
   options.in = &std::cin;
   options.out = &std::cout;
   try {
+    // The screen needs a terminal both ways; piped input gets the prompt.
+    if (isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
+      return tui::RunWorkbenchScreen(std::move(options));
+    }
     return tui::RunPrompt(std::move(options));
   } catch (const std::exception& e) {
     std::cerr << "tessaly: " << e.what() << '\n';
@@ -172,10 +201,17 @@ int main(int argc, char** argv) {
   run->add_flag("--quiet", quiet, "Print no transcript");
   auto* interactive = app.add_subcommand(
       "interactive", "Work in the workbench at a prompt, dialogs in the terminal");
-  std::string project;
-  interactive->add_option("project", project, "A project to open first (.vbp)");
-  interactive->add_option("--settings", settings,
+  InteractiveArgs interactive_args;
+  bool interactive_quiet = false, verbose = false;
+  interactive->add_option("project", interactive_args.project, "A project to open first (.vbp)");
+  interactive->add_option("--settings", interactive_args.settings,
                           "The settings file (default: $XDG_CONFIG_HOME/tessaly/settings.json)");
+  interactive->add_option("--trace", interactive_args.trace,
+                          "Write the JSON Lines trace to this file");
+  auto* quiet_flag = interactive->add_flag("--quiet", interactive_quiet,
+                                           "Show only failures and the answers asked for");
+  interactive->add_flag("--verbose", verbose, "Also show settings read and focus moves")
+      ->excludes(quiet_flag);
   auto* addins = app.add_subcommand("addins", "List the add-ins the workbench offers");
   auto* roundtrip = app.add_subcommand(
       "roundtrip", "Read and write projects or forms in memory; report every byte that differs");
@@ -187,7 +223,7 @@ int main(int argc, char** argv) {
   check->add_option("project", check_path, "The project (.vbp)")->required();
   int code_page_number = 0;
   const std::string code_page_help = "The projects' ANSI code page: 1252, 932, 936, 949 or 950";
-  for (auto* command : {run, roundtrip, check}) {
+  for (auto* command : {run, interactive, roundtrip, check}) {
     command->add_option("--codepage", code_page_number, code_page_help);
   }
   CLI11_PARSE(app, argc, argv);
@@ -205,6 +241,11 @@ int main(int argc, char** argv) {
     session::PrintAddInList({TessalyListing()}, std::cout);
     return 0;
   }
-  if (interactive->parsed()) return RunInteractive(project, settings);
+  if (interactive->parsed()) {
+    interactive_args.code_page = code_page;
+    if (interactive_quiet) interactive_args.verbosity = tui::Verbosity::Quiet;
+    if (verbose) interactive_args.verbosity = tui::Verbosity::Verbose;
+    return RunInteractive(interactive_args);
+  }
   return RunScript(script, trace, settings, quiet, code_page);
 }

@@ -4,37 +4,15 @@
 #include <ostream>
 #include <sstream>
 
-#include "session/session_script.hpp"
+#include "vb/text.hpp"
 
 namespace tui {
 namespace {
 
 constexpr const char* kPrompt = "tessaly> ";
-// Script lines name where they come from; at the prompt that is the prompt.
-constexpr const char* kOrigin = "tessaly";
 
-std::string FirstWord(const std::string& text) {
-  std::istringstream words(text);
-  std::string word;
-  words >> word;
-  return word;
-}
-
-// Prints what the session recorded for a line, less the echo of the line
-// itself: the user has just typed it.
-void Flush(std::ostringstream& recorded, const std::string& typed, std::ostream& out) {
-  std::string text = recorded.str();
-  recorded.str({});
-  const std::string echo = "> " + typed + "\n";
-  if (text.rfind(echo, 0) == 0) text.erase(0, echo.size());
-  out << text;
-}
-
-// A script parser's message starts with the origin ("tessaly:1: "), which
-// says nothing at a prompt.
-std::string WithoutOrigin(const std::string& message) {
-  const std::string prefix = std::string(kOrigin) + ":1: ";
-  return message.rfind(prefix, 0) == 0 ? message.substr(prefix.size()) : message;
+void Print(const ActionRunner::Outcome& outcome, std::ostream& out) {
+  for (const auto& line : outcome.lines) out << line << '\n';
 }
 
 }  // namespace
@@ -76,66 +54,65 @@ Alt+letter (or Esc, letter) uses an access key, F10 or Ctrl+Q closes.
 )";
 }
 
+std::string LeaveQuestion(const workbench::Project& project) {
+  return "The project " + vb::ToUtf8(project.Name()) +
+         " has changes that are not saved: save, discard, or stay? [s/d/Enter] ";
+}
+
+LeaveAnswer ParseLeaveAnswer(const std::string& answer) {
+  const std::string word = FirstWord(answer);
+  if (word == "s" || word == "save") return LeaveAnswer::Save;
+  if (word == "d" || word == "discard") return LeaveAnswer::Discard;
+  return LeaveAnswer::Stay;
+}
+
 int RunPrompt(PromptOptions options) {
   std::istream& in = *options.in;
   std::ostream& out = *options.out;
-  // Declared before the session, which writes to it until it is destroyed.
-  std::ostringstream recorded;
-  options.session.transcript = &recorded;
-  const bool startup_addin = options.session.addin && (options.session.addin_listing.load_behavior &
-                                                       ide::kLoadAtStartup) != 0;
-  session::Session session(std::move(options.session));
-  int number = 0;
-
-  auto run = [&](session::ScriptLine line, const std::string& typed) {
-    line.number = ++number;
-    line.origin = kOrigin;
-    try {
-      session.RunLine(line);
-    } catch (const std::exception& e) {
-      Flush(recorded, typed, out);
-      out << e.what() << '\n';
-      return false;
+  ActionRunner runner(std::move(options.session), options.verbosity);
+  // A project that cannot be opened is reported; the prompt goes on without.
+  if (!options.project.empty()) Print(runner.Open(options.project), out);
+  Print(runner.ConnectAtStartup(), out);
+  // Whether the user may leave now: asks when there are changes not saved.
+  auto may_leave = [&](bool input_ended) {
+    if (!runner.Modified() || !runner.Project()) return true;
+    out << LeaveQuestion(*runner.Project()) << std::flush;
+    std::string answer;
+    if (input_ended || !std::getline(in, answer)) {
+      out << "\nno answer: leaving without saving\n";
+      return true;
     }
-    Flush(recorded, typed, out);
-    return true;
+    switch (ParseLeaveAnswer(answer)) {
+      case LeaveAnswer::Discard:
+        return true;
+      case LeaveAnswer::Save: {
+        const auto saved = runner.Run("save");
+        Print(saved, out);
+        return saved.ok;
+      }
+      case LeaveAnswer::Stay:
+        return false;
+    }
+    return false;
   };
-
-  if (!options.project.empty()) {
-    const std::string typed = "open " + options.project;
-    run({0, "open", {options.project}, kOrigin, typed}, typed);
-    // What went wrong is printed already; a prompt without the project the
-    // user asked for would only mislead.
-    if (!session.GetIde().ActiveProject()) return 1;
-  }
-  // An add-in registered to load at startup is connected as the IDE starts,
-  // after the project the user named, so that its control events come from
-  // that project.
-  if (startup_addin) {
-    const std::string typed = "connect startup";
-    run({0, "connect", {"startup"}, kOrigin, typed}, typed);
-  }
   std::string text;
   for (;;) {
     out << kPrompt << std::flush;
     if (!std::getline(in, text)) {
       out << '\n';
+      may_leave(true);
       break;
     }
     const std::string verb = FirstWord(text);
-    if (verb == "quit" || verb == "exit") break;
+    if (verb == "quit" || verb == "exit") {
+      if (may_leave(false)) break;
+      continue;
+    }
     if (verb == "help" || verb == "?") {
       out << PromptHelp();
       continue;
     }
-    std::vector<session::ScriptLine> lines;
-    try {
-      lines = session::ParseScript(text, kOrigin);
-    } catch (const std::exception& e) {
-      out << WithoutOrigin(e.what()) << " (help lists the actions)\n";
-      continue;
-    }
-    for (auto& line : lines) run(std::move(line), text);
+    Print(runner.Run(text), out);
   }
   return 0;
 }

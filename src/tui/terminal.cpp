@@ -140,6 +140,8 @@ void Terminal::Enter() {
   } else {
     // Back from line mode: curses restores its own modes and its handler of
     // size changes, learns the size the terminal has now, and repaints.
+    // Another curses screen (the workbench's) may have been current since.
+    set_term(screen_);
     if (size_handler_) sigaction(SIGWINCH, &size_handler_->action, nullptr);
     size_handler_.reset();
     reset_prog_mode();

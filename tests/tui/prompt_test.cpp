@@ -39,6 +39,7 @@ struct PromptCase {
   std::uint32_t load_behavior = 0;
   const char* project = nullptr;  // in the test's folder
   int status = 0;
+  Verbosity verbosity = Verbosity::Normal;
 };
 void PrintTo(const PromptCase& c, std::ostream* os) { *os << c.name; }
 
@@ -73,6 +74,7 @@ TEST_P(PromptTest, PrintsWhatHappened) {
   if (c.project) options.project = (dir_ / c.project).string();
   options.in = &in;
   options.out = &out;
+  options.verbosity = c.verbosity;
   frontend_.answers = {forms::vbNo};
   EXPECT_EQ(RunPrompt(std::move(options)), c.status);
   const std::string text = out.str();
@@ -115,8 +117,17 @@ INSTANTIATE_TEST_SUITE_P(
                    "message box \"Asking\": \"Ready?\" -> No", 3, "Ready?"},
         PromptCase{"AStartupAddInConnectsBeforeTheFirstPrompt", "quit\n", "", 1, "Ready?", "Ready?",
                    ide::kLoadAtStartup},
-        PromptCase{"AProjectThatCannotBeOpenedEndsAtOnce", "new-project P\n", "", 0, "",
-                   "FAILED: open (53)", 0, "missing.vbp", 1}),
+        // A missing project is reported and the prompt goes on without it.
+        PromptCase{"AProjectThatCannotBeOpenedKeepsThePrompt", "new-project P\ndump\n", "project P",
+                   3, "", "FAILED: open (53)", 0, "missing.vbp"},
+        // Leaving with changes asks; an answer other than save or discard stays.
+        PromptCase{"QuitWithChangesAsksAndMayStay",
+                   "new-project P\nnew-form F\nquit\n\necho \"still\"\nexit\nd\n",
+                   "has changes that are not saved|still", 5},
+        PromptCase{"QuietShowsOnlyAnswersAndFailures",
+                   "new-project P\nnew-form F\ndrop CheckBox\ndelete Nothing\ndump\nquit\nd\n",
+                   "-IDE: added|FAILED: delete|CheckBox Check1:", 6, "", "", 0, nullptr, 0,
+                   Verbosity::Quiet}),
     forms::testing::ByName());
 
 }  // namespace

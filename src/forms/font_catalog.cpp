@@ -7,6 +7,12 @@
 
 namespace forms {
 
+const std::vector<vb::Text> kVbFamilies = {
+    u"Arial",          u"Comic Sans MS", u"Courier",  u"Courier New",     u"Georgia",
+    u"Lucida Console", u"MS Sans Serif", u"MS Serif", u"Small Fonts",     u"Symbol",
+    u"System",         u"Tahoma",        u"Terminal", u"Times New Roman", u"Trebuchet MS",
+    u"Verdana",        u"Wingdings"};
+
 bool FontCatalog::Has(const vb::Text& family) {
   const auto& families = Families();
   return std::any_of(families.begin(), families.end(), [&](const vb::Text& name) {

@@ -4,6 +4,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include <memory>
+#include <string>
 
 namespace linux_platform {
 namespace {
@@ -46,9 +47,28 @@ std::vector<vb::Text> ListFamilies() {
 
 }  // namespace
 
+vb::Text FontconfigCatalog::DisplayFamily(const vb::Text& family) {
+  std::unique_ptr<FcPattern, PatternDeleter> pattern(FcPatternCreate());
+  const std::string utf8 = vb::ToUtf8(family);
+  if (!pattern || !FcPatternAddString(pattern.get(), FC_FAMILY,
+                                      reinterpret_cast<const FcChar8*>(utf8.c_str()))) {
+    return family;
+  }
+  FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+  FcDefaultSubstitute(pattern.get());
+  FcResult result = FcResultNoMatch;
+  std::unique_ptr<FcPattern, PatternDeleter> match(FcFontMatch(nullptr, pattern.get(), &result));
+  FcChar8* name = nullptr;
+  if (!match || FcPatternGetString(match.get(), FC_FAMILY, 0, &name) != FcResultMatch) {
+    return family;
+  }
+  return vb::FromUtf8(reinterpret_cast<const char*>(name));
+}
+
 const std::vector<vb::Text>& FontconfigCatalog::Families() {
   if (!loaded_) {
     families_ = ListFamilies();
+    families_.insert(families_.end(), forms::kVbFamilies.begin(), forms::kVbFamilies.end());
     forms::SortFamilies(families_);
     loaded_ = true;
   }

@@ -1,5 +1,7 @@
-// The system's font families as fontconfig lists them: the font catalog of the
-// Linux front ends.
+// The font catalog of the Linux front ends: the VB6 families and the system's
+// font families as fontconfig lists them. A family is shown in the font
+// fontconfig matches for it, through its aliases ("Arial" in a
+// metric-compatible family where one is installed).
 #pragma once
 
 #include <vector>
@@ -12,6 +14,7 @@ namespace linux_platform {
 class FontconfigCatalog : public forms::FontCatalog {
  public:
   const std::vector<vb::Text>& Families() override;
+  vb::Text DisplayFamily(const vb::Text& family) override;
 
  private:
   bool loaded_ = false;

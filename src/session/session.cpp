@@ -43,6 +43,30 @@ std::pair<vb::Text, std::optional<vb::Integer>> ControlRef(const ScriptLine& lin
   }
 }
 
+// "... [in CONTAINER [tab N]]" after the `words` words of a drop.
+workbench::DropTarget DropInto(const ScriptLine& line, const FormComponent& form, std::size_t words,
+                               const std::string& usage) {
+  const auto& a = line.args;
+  Need(line, words, words + 4, (usage + " [in CONTAINER [tab N]]").c_str());
+  workbench::DropTarget target;
+  if (a.size() == words) return target;
+  if (a[words] != "in" || a.size() == words + 1 || a.size() == words + 3 ||
+      (a.size() == words + 4 && a[words + 2] != "tab")) {
+    Fail(line, "usage: " + usage + " [in CONTAINER [tab N]]");
+  }
+  auto [name, index] = ControlRef(line, a[words + 1]);
+  target.container = form.FindControl(name, index);
+  if (!target.container) Fail(line, "the form has no control '" + a[words + 1] + "'");
+  if (a.size() == words + 4) {
+    try {
+      target.tab = std::stoi(a[words + 3]);
+    } catch (const std::exception&) {
+      Fail(line, "bad tab number '" + a[words + 3] + "'");
+    }
+  }
+  return target;
+}
+
 ide::ConnectMode ParseMode(const ScriptLine& line, const std::string& word) {
   if (word == "after-startup") return ide::ConnectMode::AfterStartup;
   if (word == "startup") return ide::ConnectMode::Startup;
@@ -112,7 +136,7 @@ void Session::Step(const ScriptLine& line) {
                      "' is a user action, but no dialog, message box or font service is open");
     case LineSort::Ide:
       try {
-        RunIde(line);
+        RunUndoable(line);
       } catch (const vb::Failure& failure) {
         if (line.verb == "save") save_failed_ = true;
         trace_.Emit({{"event", "failure"},
@@ -187,15 +211,44 @@ void Session::ListenToModules() {
   }
 }
 
+void Session::RunUndoable(const ScriptLine& line) {
+  // Everything one line does (with the dialogs it opens) is one step.
+  auto project = ide_->ActiveProject();
+  if (!project || line.verb == "undo" || line.verb == "redo") return RunIde(line);
+  project->History().Begin(*project);
+  try {
+    RunIde(line);
+  } catch (...) {
+    project->History().Commit(*project, line.text);
+    throw;
+  }
+  project->History().Commit(*project, line.text);
+}
+
+void Session::UndoRedo(const ScriptLine& line) {
+  Need(line, 0, 0, line.verb == "undo" ? "undo" : "redo");
+  auto project = RequireProject(line);
+  auto& history = project->History();
+  const std::string step = line.verb == "undo" ? history.Undo(*project) : history.Redo(*project);
+  // The selected form may be one the step added.
+  const auto& forms = project->Forms();
+  if (std::find(forms.begin(), forms.end(), form_) == forms.end()) {
+    form_ = forms.empty() ? nullptr : forms.front();
+  }
+  trace_.Emit({{"event", line.verb}, {"step", step}});
+}
+
 void Session::RunIde(const ScriptLine& line) {
   const std::string& v = line.verb;
   const auto& a = line.args;
   if (v == "open") {
     Need(line, 1, 1, "open PROJECT.vbp");
-    auto project = workbench::OpenProject(Resolve(a[0]), options_.code_page);
+    const auto path = Resolve(a[0]);
+    auto project = workbench::OpenProject(path, options_.code_page);
     ide_->AddProject(project);
     ide_->SetActiveProject(project);
     form_ = project->Forms().empty() ? nullptr : project->Forms().front();
+    trace_.Emit({{"event", "opened"}, {"path", path.string()}, {"forms", project->Forms().size()}});
   } else if (v == "new-project") {
     Need(line, 1, 1, "new-project NAME");
     auto project = Project::Create(W(a[0]));
@@ -233,11 +286,14 @@ void Session::RunIde(const ScriptLine& line) {
     Need(line, 1, 1, "menu CAPTION");
     ide_->ClickMenuEntry(W(a[0]));
   } else if (v == "drop") {
-    Need(line, 1, 1, "drop CLASS");
-    RequireForm(line)->AddControl(W(a[0]));
+    Need(line, 1, 5, "drop CLASS [in CONTAINER [tab N]]");
+    auto form = RequireForm(line);
+    form->AddControl(W(a[0]), DropInto(line, *form, 1, "drop CLASS"));
   } else if (v == "drop-exact") {
-    Need(line, 2, 2, "drop-exact CLASS NAME");
-    RequireForm(line)->AddControlExact(W(a[0]), W(a[1]));
+    Need(line, 2, 6, "drop-exact CLASS NAME [in CONTAINER [tab N]]");
+    auto form = RequireForm(line);
+    auto target = DropInto(line, *form, 2, "drop-exact CLASS NAME");
+    form->AddControlExact(W(a[0]), W(a[1]), target);
   } else if (v == "delete") {
     Need(line, 1, 1, "delete CONTROL");
     auto [name, index] = ControlRef(line, a[0]);
@@ -271,6 +327,8 @@ void Session::RunIde(const ScriptLine& line) {
     } else {
       Fail(line, "code takes add, insert or delete");
     }
+  } else if (v == "undo" || v == "redo") {
+    UndoRedo(line);
   } else if (v == "refuse") {
     Refuse(line);
   } else if (v == "store" || v == "unstore") {
@@ -280,11 +338,12 @@ void Session::RunIde(const ScriptLine& line) {
   } else if (v == "save") {
     Need(line, 0, 1, "save [PATH.vbp]");
     auto project = RequireProject(line);
-    if (a.empty()) {
-      workbench::SaveProject(*project);
-    } else {
-      workbench::SaveProject(*project, Resolve(a[0]));
-    }
+    const auto saved = a.empty() ? workbench::SaveProject(*project)
+                                 : workbench::SaveProject(*project, Resolve(a[0]));
+    trace_.Emit({{"event", "saved"},
+                 {"path", saved.vbp_path.string()},
+                 {"written", saved.files_written},
+                 {"backup", saved.backup ? Json(saved.backup->string() + "/") : Json()}});
   }
 }
 

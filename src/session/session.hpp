@@ -90,7 +90,10 @@ class Session : private forms::ActionSource {
   std::optional<forms::UserAction> Next(forms::Waiting waiting,
                                         const std::string& description) override;
   void Step(const ScriptLine& line);
+  // Runs an IDE line as one step of the active project's undo history.
+  void RunUndoable(const ScriptLine& line);
   void RunIde(const ScriptLine& line);
+  void UndoRedo(const ScriptLine& line);
   void Inspect(const ScriptLine& line);
   void Refuse(const ScriptLine& line);
   void Store(const ScriptLine& line);

@@ -112,6 +112,7 @@ const std::map<std::string, LineSort>& Verbs() {
       {"code", LineSort::Ide},           {"refuse", LineSort::Ide},
       {"store", LineSort::Ide},          {"unstore", LineSort::Ide},
       {"fonts", LineSort::Ide},          {"save", LineSort::Ide},
+      {"undo", LineSort::Ide},           {"redo", LineSort::Ide},
       {"type", LineSort::User},          {"paste", LineSort::User},
       {"key", LineSort::User},           {"alt", LineSort::User},
       {"click", LineSort::User},         {"tick", LineSort::User},

@@ -203,6 +203,16 @@ std::string Trace::Render(const Json& e) {
       out += "\n    " + std::to_string(++n) + "  " + l.get<std::string>();
     return out;
   }
+  if (ev == "opened")
+    return "opened " + e["path"].get<std::string>() + " (" + s("forms") + " forms)";
+  if (ev == "saved") {
+    std::string out =
+        "saved " + e["path"].get<std::string>() + " (" + s("written") + " files written)";
+    if (!e["backup"].is_null()) out += "; previous files in " + e["backup"].get<std::string>();
+    return out;
+  }
+  if (ev == "undo") return "undid: " + e["step"].get<std::string>();
+  if (ev == "redo") return "redid: " + e["step"].get<std::string>();
   if (ev == "failure") {
     // The add-in's event failed, or the IDE refused the action itself.
     return "FAILED: " + e["action"].get<std::string>() + " (" + s("number") +

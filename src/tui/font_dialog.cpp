@@ -12,8 +12,12 @@ namespace {
 
 using K = forms::ControlKind;
 
-constexpr std::array<forms::ControlSpec, 11> kDesign = {{
+// The family is a text box that takes any name, the list beside it filling
+// it, as the Windows font dialog has it: a form keeps the family chosen even
+// when this system has no font of that name.
+constexpr std::array<forms::ControlSpec, 12> kDesign = {{
     {K::Label, "lblFont", -1, u"&Font:"},
+    {K::TextBox, "txtFont"},
     {K::ListBox, "lstFont"},
     {K::Label, "lblSize", -1, u"&Size:"},
     {K::TextBox, "txtSize", -1, u"", nullptr, 0, u"", 6},
@@ -39,6 +43,10 @@ FontDialog::FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& fam
       given_(given) {
   Get<forms::CommandButton>("cmdOK").Click = [this](forms::Control&) { cmdOK_Click(); };
   Get<forms::CommandButton>("cmdCancel").Click = [this](forms::Control&) { Hide(); };
+  Get<forms::ListBox>("lstFont").Click = [this](forms::Control&) {
+    const auto& list = Get<forms::ListBox>("lstFont");
+    if (list.ListIndex() >= 0) Get<forms::TextBox>("txtFont").SetText(list.List(list.ListIndex()));
+  };
   // The size takes digits and one decimal point; Backspace passes.
   Get<forms::TextBox>("txtSize").KeyPress = [](forms::Control&, forms::KeyPressArgs& key) {
     const auto c = key.KeyAscii;
@@ -47,13 +55,16 @@ FontDialog::FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& fam
 }
 
 void FontDialog::Form_Load() {
+  auto& family_box = Get<forms::TextBox>("txtFont");
+  family_box.SetText(given_.name);
   auto& list = Get<forms::ListBox>("lstFont");
   for (const vb::Text& family : *families_) {
     list.AddItem(family);
     if (list.ListIndex() < 0 && forms::detail::CompareNoCase(family, given_.name) == 0)
       list.SetListIndex(list.NewIndex());
   }
-  // Selected whole, so that typing a size replaces it.
+  // Selected whole, so that typing a family or a size replaces it.
+  family_box.SetSelLength(static_cast<std::int32_t>(family_box.Text().size()));
   auto& size = Get<forms::TextBox>("txtSize");
   size.SetText(vb::SingleToText(given_.size));
   size.SetSelLength(static_cast<std::int32_t>(size.Text().size()));
@@ -65,8 +76,7 @@ void FontDialog::Form_Load() {
 
 forms::FontChoice FontDialog::Choice() const {
   forms::FontChoice font = given_;
-  const auto& list = Get<forms::ListBox>("lstFont");
-  if (list.ListIndex() >= 0) font.name = list.List(list.ListIndex());
+  if (const vb::Text& name = Get<forms::TextBox>("txtFont").Text(); !name.empty()) font.name = name;
   try {
     font.size = vb::CSng(Get<forms::TextBox>("txtSize").Text());
   } catch (const vb::Failure&) {

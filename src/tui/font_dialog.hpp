@@ -1,11 +1,13 @@
-// The terminal's font service: a small form listing the system's font
-// families, with a size field and the four style toggles.
+// The terminal's font service: a small form with a family text box that
+// takes any name and the list of families beside it (choosing a row fills
+// the box), a size field and the four style toggles.
 //
 // The dialog is an ordinary form of the forms runtime, so the terminal shows
 // it and takes its keys as it does for the add-in's dialogs. Enter presses
 // OK, Esc presses Cancel. OK with a size that is no number from 1 to 2048
-// says so in a message box and keeps the dialog open. The given family stays
-// chosen until the user picks another, even when the system lacks it.
+// says so in a message box and keeps the dialog open. OK chooses the family
+// the box says: the given one until the user types or picks another, even
+// when the system lacks it.
 #pragma once
 
 #include <vector>

@@ -26,8 +26,10 @@ const char* PromptHelp() {
   connect [MODE] [non-vbe]       load the add-in and connect it
   disconnect                     disconnect the add-in
   menu "CAPTION"                 click a menu entry, e.g. menu "&Tessaly Options"
-  drop CLASS                     add a control (CheckBox, TextBox, ListView...)
-  drop-exact CLASS NAME          add a control under an exact class and name
+  drop CLASS [in CONTAINER]      add a control (CheckBox, TextBox, ListView...) at a
+                                 free place, or inside a Frame or PictureBox
+  drop CLASS in SSTAB tab N      ... on tab N of an SSTab
+  drop-exact CLASS NAME [in ...] add a control under an exact class and name
   delete NAME[(INDEX)]           delete a control
   rename NAME NEWNAME            rename a control
   set NAME PROPERTY "VALUE"      type a value into the property sheet
@@ -38,7 +40,10 @@ const char* PromptHelp() {
   refuse next PROPERTY "TEXT" [always]   ... of the next control dropped
   store APP SECTION KEY "TEXT"   put a value into the settings store
   unstore APP SECTION KEY        remove a value from the settings store
-  save [PATH.vbp]                write the project, or a copy of it
+  undo                           take back the last action (with its dialog)
+  redo                           do again the last action taken back
+  save [PATH.vbp]                write the project (the files replaced kept in
+                                 PROJECT.vbp.bak/N/), or a copy of it
 Inspections:
   dump                           the project's forms, controls and properties
   state                          the controls of the open dialog

@@ -217,9 +217,10 @@ VbpFile NewProjectFile(const vb::Text& name, const std::optional<vb::Text>& star
   return VbpFile::Parse(vb::ToCp1252(text), name);
 }
 
-void WriteProjectFiles(const fs::path& vbp_path, const std::map<std::string, std::string>& members,
-                       const std::string& vbp_bytes,
-                       const std::map<std::string, std::string>* as_read, FileSystem& files) {
+std::vector<FileWrite> ProjectWrites(const fs::path& vbp_path,
+                                     const std::map<std::string, std::string>& members,
+                                     const std::string& vbp_bytes,
+                                     const std::map<std::string, std::string>* as_read) {
   const fs::path folder = vbp_path.parent_path();
   std::vector<FileWrite> writes;
   for (const auto& [relative, bytes] : members) {
@@ -230,7 +231,7 @@ void WriteProjectFiles(const fs::path& vbp_path, const std::map<std::string, std
   if (!Unchanged(vbp_path, vbp_path.filename().string(), vbp_bytes, as_read)) {
     writes.push_back({vbp_path, vbp_bytes});
   }
-  CommitFiles(writes, files);
+  return writes;
 }
 
 }  // namespace vbfiles

@@ -28,7 +28,7 @@
 #include <vector>
 
 #include "vb/text.hpp"
-#include "vbfiles/file_system.hpp"
+#include "vbfiles/file_commit.hpp"
 #include "vbfiles/frm_file.hpp"
 #include "vbfiles/frx_file.hpp"
 #include "vbfiles/vbp_file.hpp"
@@ -79,14 +79,13 @@ ProjectFiles ReadProjectFiles(const std::filesystem::path& vbp_path,
 // Automation reference, Startup (when the project has a form), Name.
 VbpFile NewProjectFile(const vb::Text& name, const std::optional<vb::Text>& startup_form);
 
-// Writes `members` (by path relative to the project file's folder) and the
-// project file's bytes to `vbp_path`, all or nothing, leaving alone each file
+// The writes that put `members` (by path relative to the project file's
+// folder) and the project file's bytes at `vbp_path`: every file but those
 // whose bytes `as_read` holds for it (or, for a file it does not hold, the
-// disk holds already).
-void WriteProjectFiles(const std::filesystem::path& vbp_path,
-                       const std::map<std::string, std::string>& members,
-                       const std::string& vbp_bytes,
-                       const std::map<std::string, std::string>* as_read = nullptr,
-                       FileSystem& files = DiskFileSystem());
+// disk holds already). CommitFiles makes them all or nothing.
+std::vector<FileWrite> ProjectWrites(const std::filesystem::path& vbp_path,
+                                     const std::map<std::string, std::string>& members,
+                                     const std::string& vbp_bytes,
+                                     const std::map<std::string, std::string>* as_read = nullptr);
 
 }  // namespace vbfiles

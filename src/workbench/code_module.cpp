@@ -179,6 +179,11 @@ void CodeModule::InsertLines(std::int32_t line, const vb::Text& text) {
   Report(CodeEdit::Op::InsertLines, line, count, &text);
 }
 
+void CodeModule::RestoreLines(const std::vector<vb::Text>& lines) {
+  state_->text = ModuleText(lines);
+  state_->Edited([](MemberTable&) { return false; });
+}
+
 std::shared_ptr<ide::Members> CodeModule::Members() {
   return std::make_shared<ModuleMembers>(state_);
 }

@@ -65,6 +65,8 @@ class CodeModule : public ide::CodeModule, public std::enable_shared_from_this<C
   // Inserts lines before line `line` (CountOfLines()+1 appends): the IDE's
   // "add code" action. Fails (5) for a line outside 1..CountOfLines()+1.
   void InsertLines(std::int32_t line, const vb::Text& text);
+  // Puts back lines an undo saved, as a whole; reported to no listener.
+  void RestoreLines(const std::vector<vb::Text>& lines);
 
   // The members with their kinds and extents, for edits that remove code. The
   // table is a snapshot: it stays valid, and unchanged, after later edits

@@ -63,18 +63,17 @@ class ControlProperties : public ide::Properties {
   std::shared_ptr<Control> control_;
 };
 
-// A stored number of either integer kind; anything else reads as 0.
-std::int32_t NumberOf(const vb::Value& value) {
-  if (value.Is(vb::Kind::Integer)) return value.AsInteger();
-  if (value.Is(vb::Kind::Long)) return value.AsLong();
-  return 0;
-}
-
 bool IsFontSlot(const PropertySlot& slot) {
   return slot.rule && slot.rule->type == PropertyType::Font;
 }
 
 }  // namespace
+
+std::int32_t NumberOf(const vb::Value& value) {
+  if (value.Is(vb::Kind::Integer)) return value.AsInteger();
+  if (value.Is(vb::Kind::Long)) return value.AsLong();
+  return 0;
+}
 
 // ---------------------------------------------------------------------------
 // Construction and lookup.

@@ -70,6 +70,9 @@ struct PropertySlot {
 void LoadSlot(std::vector<PropertySlot>& slots, std::size_t& loaded_count, Font* font,
               vb::TextView name, vb::Value value, std::string raw);
 
+// A stored number of either integer kind; anything else reads as 0.
+std::int32_t NumberOf(const vb::Value& value);
+
 class Control : public ide::VBControl, public std::enable_shared_from_this<Control> {
  public:
   // Use FormComponent's actions (or LoadControl) to make controls; this
@@ -128,6 +131,7 @@ class Control : public ide::VBControl, public std::enable_shared_from_this<Contr
 
  private:
   friend class FormComponent;
+  friend class ModelSnapshot;
   // Stores without checks or reports; clears raw, marks written.
   void Store(PropertySlot& slot, vb::Value value);
   void SetNameAndIndex(const vb::Text& name, std::optional<vb::Integer> index);

@@ -144,7 +144,8 @@ void FormComponent::CheckIndex(const Control& control, std::optional<vb::Integer
 // Designer actions.
 
 std::shared_ptr<Control> FormComponent::MakeControl(std::shared_ptr<const ClassRules> rules,
-                                                    const vb::Text& name) {
+                                                    const vb::Text& name,
+                                                    const DropTarget& target) {
   auto control = std::make_shared<Control>(std::move(rules), shared_from_this(), name);
   // A new control comes last in the tab order, as in VB6.
   if (PropertySlot* tab = control->FindSlot(u"TabIndex")) {
@@ -154,6 +155,7 @@ std::shared_ptr<Control> FormComponent::MakeControl(std::shared_ptr<const ClassR
     tab->value = vb::Value(static_cast<vb::Integer>(std::min<std::ptrdiff_t>(count, 32767)));
   }
   controls_.push_back(control);
+  PlaceDropped(*this, *control, target);
   return control;
 }
 
@@ -161,20 +163,23 @@ void FormComponent::RaiseAdded(const std::shared_ptr<Control>& control) {
   if (auto project = GetProject()) project->RaiseItemAdded(control);
 }
 
-std::shared_ptr<Control> FormComponent::AddControl(vb::TextView class_name) {
+std::shared_ptr<Control> FormComponent::AddControl(vb::TextView class_name,
+                                                   const DropTarget& target) {
+  CheckDropTarget(*this, target);
   auto rules = FindClass(class_name);
   if (!rules) {
     throw vb::Failure(
         vb::kInvalidProcedureCall,
         u"Invalid procedure call or argument: unknown control class " + vb::Text(class_name));
   }
-  auto control = MakeControl(rules, NextDefaultName(rules->stem));
+  auto control = MakeControl(rules, NextDefaultName(rules->stem), target);
   RaiseAdded(control);
   return control;
 }
 
-std::shared_ptr<Control> FormComponent::AddControlExact(vb::TextView class_name,
-                                                        vb::TextView name) {
+std::shared_ptr<Control> FormComponent::AddControlExact(vb::TextView class_name, vb::TextView name,
+                                                        const DropTarget& target) {
+  CheckDropTarget(*this, target);
   if (!IsValidControlName(name)) {
     throw InvalidValue(u"\"" + vb::Text(name) + u"\" is not a valid control name");
   }
@@ -191,7 +196,7 @@ std::shared_ptr<Control> FormComponent::AddControlExact(vb::TextView class_name,
         vb::Text(dot == vb::TextView::npos ? class_name : class_name.substr(dot + 1));
     rules = std::move(respelt);
   }
-  auto control = MakeControl(std::move(rules), vb::Text(name));
+  auto control = MakeControl(std::move(rules), vb::Text(name), target);
   RaiseAdded(control);
   return control;
 }

@@ -26,6 +26,7 @@
 #include "vb/value.hpp"
 #include "workbench/code_module.hpp"
 #include "workbench/control.hpp"
+#include "workbench/drop_placement.hpp"
 #include "workbench/font.hpp"
 #include "workbench/sites.hpp"
 
@@ -63,15 +64,20 @@ class FormComponent : public ide::VBComponent,
   vb::Text NextDefaultName(vb::TextView stem) const;
 
   // --- designer actions (the session runner's) ---
+  // The new controls below go into `target` at a free place
+  // (drop_placement.hpp), before the add-in hears of them; an unfit target
+  // fails (5) before anything is added.
+  //
   // A new control of a known class (ClassName or file name) with its default
   // name -> ItemAdded. Fails (5) for a class the workbench does not know.
-  std::shared_ptr<Control> AddControl(vb::TextView class_name);
+  std::shared_ptr<Control> AddControl(vb::TextView class_name, const DropTarget& target = {});
   // A new control with the given name: a known class gets its table, any
   // other class text the generic set -> ItemAdded. ClassName answers the
   // class as given (the part after its last dot), also a known class spelt
   // in another case ("checkbox"). Fails (380) for a name that is no
   // identifier or is taken.
-  std::shared_ptr<Control> AddControlExact(vb::TextView class_name, vb::TextView name);
+  std::shared_ptr<Control> AddControlExact(vb::TextView class_name, vb::TextView name,
+                                           const DropTarget& target = {});
   // Removes the control -> ItemRemoved (the control already out of the
   // list). Fails (5) when there is no such control.
   void DeleteControl(vb::TextView name, std::optional<vb::Integer> index = std::nullopt);
@@ -101,12 +107,13 @@ class FormComponent : public ide::VBComponent,
   std::shared_ptr<ide::CodeModule> CodeModule() override { return module_; }
 
  private:
+  friend class ModelSnapshot;
   // FormSite: the naming rules a control's Name and Index writes go through.
   std::pair<vb::Text, std::optional<vb::Integer>> ResolveRename(
       const Control& control, const vb::Text& new_name) const override;
   void CheckIndex(const Control& control, std::optional<vb::Integer> index) const override;
   std::shared_ptr<Control> MakeControl(std::shared_ptr<const ClassRules> rules,
-                                       const vb::Text& name);
+                                       const vb::Text& name, const DropTarget& target);
   void RaiseAdded(const std::shared_ptr<Control>& control);
   // Takes the control (and what it contains) off the form, raising ItemRemoved.
   void Remove(const std::shared_ptr<Control>& control);

@@ -21,6 +21,7 @@
 #include "workbench/form_component.hpp"
 #include "workbench/ide_observer.hpp"
 #include "workbench/sites.hpp"
+#include "workbench/undo_history.hpp"
 
 namespace workbench {
 
@@ -88,7 +89,11 @@ class Project : public ide::Object,
   void RaiseItemRenamed(const std::shared_ptr<Control>& control, const vb::Text& old_name,
                         std::int32_t old_index) override;
 
+  // The user's undo and redo lists (undo_history.hpp).
+  UndoHistory& History() { return history_; }
+
  private:
+  friend class ModelSnapshot;
   template <typename Fn>
   void ForEachSink(const std::shared_ptr<Control>& control, Fn fn);
 
@@ -98,6 +103,7 @@ class Project : public ide::Object,
   IdeObserver* observer_ = nullptr;
   std::vector<Refusal> refusals_;
   std::vector<std::weak_ptr<ControlsEventSource>> sources_;
+  UndoHistory history_;
 };
 
 }  // namespace workbench

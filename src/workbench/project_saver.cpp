@@ -13,6 +13,7 @@
 #include "vbfiles/control_libraries.hpp"
 #include "vbfiles/frm_enum_names.hpp"
 #include "vbfiles/frm_value.hpp"
+#include "vbfiles/project_backup.hpp"
 #include "vbfiles/project_files.hpp"
 #include "workbench/class_rules.hpp"
 
@@ -303,16 +304,9 @@ std::map<std::string, std::string> ProjectFileBytes(const Project& project) {
   return BuildSaveSet(project).files;
 }
 
-void SaveProject(const Project& project) {
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
-  if (data == nullptr) {
-    throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
-                                               project.Name() + u" has no project file yet");
-  }
-  SaveProject(project, data->vbp_path);
-}
+namespace {
 
-void SaveProject(const Project& project, const std::filesystem::path& vbp_path) {
+SaveResult Save(const Project& project, const std::filesystem::path& vbp_path, bool backup) {
   SaveSet set = BuildSaveSet(project);
   const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
   set.files.erase(set.vbp_name);
@@ -321,7 +315,40 @@ void SaveProject(const Project& project, const std::filesystem::path& vbp_path) 
   std::error_code error;
   const bool same_place =
       data != nullptr && std::filesystem::equivalent(data->vbp_path, vbp_path, error);
-  vbfiles::WriteProjectFiles(vbp_path, set.files, vbp_bytes, same_place ? &data->as_read : nullptr);
+  const auto writes =
+      vbfiles::ProjectWrites(vbp_path, set.files, vbp_bytes, same_place ? &data->as_read : nullptr);
+  SaveResult result{vbp_path, writes.size(), std::nullopt};
+  if (backup) {
+    // What the disk holds already needs no backup, whatever was read.
+    std::vector<std::filesystem::path> replaced;
+    for (const auto& write : vbfiles::ProjectWrites(vbp_path, set.files, vbp_bytes)) {
+      replaced.push_back(write.path);
+    }
+    result.backup = vbfiles::BackUpFiles(vbp_path, replaced);
+  }
+  try {
+    vbfiles::CommitFiles(writes);
+  } catch (const vb::Failure&) {
+    // Nothing was replaced: a backup of it would only mislead.
+    if (result.backup) std::filesystem::remove_all(*result.backup, error);
+    throw;
+  }
+  return result;
+}
+
+}  // namespace
+
+SaveResult SaveProject(const Project& project) {
+  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  if (data == nullptr) {
+    throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
+                                               project.Name() + u" has no project file yet");
+  }
+  return Save(project, data->vbp_path, true);
+}
+
+SaveResult SaveProject(const Project& project, const std::filesystem::path& vbp_path) {
+  return Save(project, vbp_path, false);
 }
 
 }  // namespace workbench

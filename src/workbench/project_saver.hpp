@@ -20,18 +20,28 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "workbench/project.hpp"
 
 namespace workbench {
 
-// Saves the project over the files it was opened from.
-void SaveProject(const Project& project);
+// What a save did.
+struct SaveResult {
+  std::filesystem::path vbp_path;
+  std::size_t files_written = 0;
+  // Where the files it replaced were kept, if it replaced any and kept them.
+  std::optional<std::filesystem::path> backup;
+};
+
+// Saves the project over the files it was opened from, the files it
+// replaces kept first in a backup beside them (vbfiles/project_backup.hpp).
+SaveResult SaveProject(const Project& project);
 // Saves the project as `vbp_path`, its members beside it at the same
 // relative paths. A project that was never opened from files gets a new
-// project file there.
-void SaveProject(const Project& project, const std::filesystem::path& vbp_path);
+// project file there. No backup is kept: this is a copy.
+SaveResult SaveProject(const Project& project, const std::filesystem::path& vbp_path);
 
 // The bytes of every file SaveProject would write, by path relative to the
 // project file's folder ("Sample.vbp", "frmMain.frm", "frmMain.frx", ...).

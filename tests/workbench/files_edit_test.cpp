@@ -93,7 +93,7 @@ const std::string kCommand2Block =
     "      Height          =   495\r\n"
     "      Left            =   120\r\n"
     "      TabIndex        =   6\r\n"
-    "      Top             =   120\r\n"
+    "      Top             =   480\r\n"  // the first free row: Label1 stands at 120
     "      Width           =   1215\r\n"
     "   End\r\n";
 
@@ -321,7 +321,10 @@ TEST(SaveProject, ReplacesOnlyWhatChangedAndLeavesNoTemporaryFile) {
   EXPECT_THAT(ReadBytes(temp.Path() / "frmMain.frm"), HasSubstr("\"Your name:\""));
   EXPECT_EQ(fs::last_write_time(temp.Path() / "modUtil.bas"), module_time);
   const auto entries = fs::directory_iterator(temp.Path());
-  EXPECT_EQ(std::distance(fs::begin(entries), fs::end(entries)), 3);
+  // The three files and the backup of the one replaced.
+  EXPECT_EQ(std::distance(fs::begin(entries), fs::end(entries)), 4);
+  EXPECT_EQ(ReadBytes(temp.Path() / "Sample.vbp.bak/1/frmMain.frm"),
+            ReadBytes(SampleDir() / "frmMain.frm"));
 }
 
 TEST(SaveProject, RepeatedPropertyLineStaysUntilWritten) {

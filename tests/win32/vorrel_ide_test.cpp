@@ -43,8 +43,46 @@ BOOL CALLBACK CloseBox(HWND window, LPARAM) {
   return TRUE;
 }
 
+// The add-in's dialogs: each tick hands the next of g_steps to the dialog
+// that is shown, as a user at the keyboard would, and keeps its caption. A
+// dialog left without steps is closed by its close box after a while.
+std::vector<std::function<void()>> g_steps;
+std::string g_dialogs;
+int g_idle_ticks = 0;
+
+BOOL CALLBACK DriveDialog(HWND window, LPARAM) {
+  wchar_t kind[32] = L"", caption[128] = L"";
+  GetClassNameW(window, kind, 32);
+  if (wcscmp(kind, L"TessalyDialog") != 0 || !IsWindowEnabled(window)) return TRUE;
+  GetWindowTextW(window, caption, 128);
+  const std::string seen = "[" + U8(caption) + "]";
+  if (g_dialogs.size() < seen.size() || g_dialogs.compare(g_dialogs.size() - seen.size(),
+                                                         seen.size(), seen) != 0)
+    g_dialogs += seen;
+  if (!g_steps.empty()) {
+    g_steps.front()();
+    g_steps.erase(g_steps.begin());
+    g_idle_ticks = 0;
+  } else if (++g_idle_ticks > 40) {
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    g_idle_ticks = 0;
+  }
+  return FALSE;
+}
+
 void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
   EnumThreadWindows(GetCurrentThreadId(), CloseBox, 0);
+  EnumThreadWindows(GetCurrentThreadId(), DriveDialog, 0);
+}
+
+// Steps of a user: keys and characters go where the focus is.
+std::function<void()> Key(WPARAM key, bool alt = false) {
+  return [=] { PostMessageW(GetFocus(), alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, 0); };
+}
+std::function<void()> Chars(const wchar_t* text) {
+  return [=] {
+    for (const wchar_t* c = text; *c; ++c) PostMessageW(GetFocus(), WM_CHAR, *c, 0);
+  };
 }
 
 // The failure `run` ends with, as "number words"; "none" without one.
@@ -226,8 +264,20 @@ void CheckAddIn() {
     const HRESULT hr = ide->control_events->Fire(id, args);
     Check(hr == S_OK && comdouble::Called(reached), what, std::to_string(hr));
   };
+  // The CheckBox dialog as a window: the user types the rest of a name into
+  // the focused name field, ticks "Value" by its access key, and presses
+  // Enter; the writes reach the IDE's control.
+  g_dialogs.clear();
+  g_steps = {Key(VK_END), Chars(L"Agree"), Key(VK_RETURN)};
   reaches(win32::kItemAdded, {control}, "VBControl.ClassName",
           "ItemAdded reaches the add-in, which reads the control's class");
+  const auto stored = [&](const wchar_t* name) {
+    return vb::ToUtf8(ide->properties.at(name)->Stored(L"Value").ToValue().ToText());
+  };
+  Check(g_dialogs == "[New CheckBox Control]" && g_steps.empty() && stored(L"Name") == "chkAgree" &&
+            stored(L"Caption") == "&Agree",
+        "its dialog is a window driven by keys: the typed name and its caption are written",
+        g_dialogs + " " + stored(L"Name") + " " + stored(L"Caption"));
   reaches(win32::kItemRemoved, {control}, "Member.Name",
           "ItemRemoved reaches it: it walks to the members of the form's code");
   BSTR old_name = SysAllocString(L"Check9");

@@ -64,11 +64,9 @@ void SetText(HWND hwnd, const vb::Text& text) {
   if (WindowText(hwnd) != text) SetWindowTextW(hwnd, Wide(text));
 }
 
-// What a control's window shows as its text.
-const vb::Text& ShownText(const forms::Control& control) {
-  if (control.Kind() == forms::ControlKind::TextBox)
-    return static_cast<const forms::TextBox&>(control).Text();
-  return control.Caption();
+void SetCheck(HWND hwnd, WPARAM state) {
+  if (static_cast<WPARAM>(SendMessageW(hwnd, BM_GETCHECK, 0, 0)) != state)
+    SendMessageW(hwnd, BM_SETCHECK, state, 0);
 }
 
 bool IsCheckList(const forms::Control* control) {
@@ -280,18 +278,41 @@ bool DialogWindow::Take(const MSG& msg) {
       const bool ctrl = GetKeyState(VK_CONTROL) < 0;
       auto* text = dynamic_cast<forms::TextBox*>(form.ActiveControl());
       switch (msg.wParam) {
-        case VK_TAB: form.UserKey(shift ? Key::ShiftTab : Key::Tab); return true;
-        case VK_RETURN: form.UserKey(Key::Enter); return true;
-        case VK_ESCAPE: form.UserKey(Key::Escape); return true;
-        case VK_BACK: form.UserKey(Key::Backspace); return true;
-        case VK_DELETE: form.UserKey(Key::Delete); return true;
-        case VK_LEFT: form.UserKey(Key::Left); return true;
-        case VK_RIGHT: form.UserKey(Key::Right); return true;
-        case VK_UP: form.UserKey(Key::Up); return true;
-        case VK_DOWN: form.UserKey(Key::Down); return true;
-        case VK_HOME: form.UserKey(Key::Home); return true;
-        case VK_END: form.UserKey(Key::End); return true;
-        default: break;
+        case VK_TAB:
+          form.UserKey(shift ? Key::ShiftTab : Key::Tab);
+          return true;
+        case VK_RETURN:
+          form.UserKey(Key::Enter);
+          return true;
+        case VK_ESCAPE:
+          form.UserKey(Key::Escape);
+          return true;
+        case VK_BACK:
+          form.UserKey(Key::Backspace);
+          return true;
+        case VK_DELETE:
+          form.UserKey(Key::Delete);
+          return true;
+        case VK_LEFT:
+          form.UserKey(Key::Left);
+          return true;
+        case VK_RIGHT:
+          form.UserKey(Key::Right);
+          return true;
+        case VK_UP:
+          form.UserKey(Key::Up);
+          return true;
+        case VK_DOWN:
+          form.UserKey(Key::Down);
+          return true;
+        case VK_HOME:
+          form.UserKey(Key::Home);
+          return true;
+        case VK_END:
+          form.UserKey(Key::End);
+          return true;
+        default:
+          break;
       }
       if (ctrl && msg.wParam == 'V' && text) {
         if (OpenClipboard(window_)) {
@@ -389,42 +410,51 @@ void DialogWindow::Sync() {
         const auto& text = static_cast<const forms::TextBox&>(*control);
         SetText(hwnd, text.Text());
         // While the mouse drags a selection, the edit window owns it.
-        if (GetCapture() != hwnd)
-          SendMessageW(hwnd, EM_SETSEL, static_cast<WPARAM>(text.SelStart()),
-                     static_cast<LPARAM>(text.SelStart() + text.SelLength()));
+        DWORD start = 0, end = 0;
+        SendMessageW(hwnd, EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                     reinterpret_cast<LPARAM>(&end));
+        const auto want_start = static_cast<DWORD>(text.SelStart());
+        const auto want_end = static_cast<DWORD>(text.SelStart() + text.SelLength());
+        if (GetCapture() != hwnd && (start != want_start || end != want_end))
+          SendMessageW(hwnd, EM_SETSEL, want_start, want_end);
         break;
       }
       case K::CheckBox:
         SetText(hwnd, control->Caption());
-        SendMessageW(hwnd, BM_SETCHECK,
-                     static_cast<WPARAM>(static_cast<const forms::CheckBox&>(*control).Value()), 0);
+        SetCheck(hwnd, static_cast<const forms::CheckBox&>(*control).Value());
         break;
       case K::OptionButton:
         SetText(hwnd, control->Caption());
-        SendMessageW(hwnd, BM_SETCHECK,
-                     static_cast<const forms::OptionButton&>(*control).Value() ? BST_CHECKED
-                                                                               : BST_UNCHECKED,
-                     0);
+        SetCheck(hwnd, static_cast<const forms::OptionButton&>(*control).Value() ? BST_CHECKED
+                                                                                 : BST_UNCHECKED);
         break;
       case K::CommandButton: {
         SetText(hwnd, control->Caption());
         const bool is_default = static_cast<const forms::CommandButton&>(*control).Default();
-        SendMessageW(hwnd, BM_SETSTYLE, is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+        const LONG_PTR type = is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((GetWindowLongPtrW(hwnd, GWL_STYLE) & BS_TYPEMASK) != type)
+          SendMessageW(hwnd, BM_SETSTYLE, static_cast<WPARAM>(type), TRUE);
         break;
       }
       case K::ListBox: {
         const auto& list = static_cast<const forms::ListBox&>(*control);
         std::vector<vb::Text> rows;
         for (std::int32_t i = 0; i < list.ListCount(); ++i) rows.push_back(list.List(i));
+        std::vector<bool> ticks;
+        for (std::int32_t i = 0; i < list.ListCount(); ++i) ticks.push_back(list.Selected(i));
         auto& shown = list_rows_[control];
-        if (shown != rows) {
+        if (shown.rows != rows) {
           SendMessageW(hwnd, LB_RESETCONTENT, 0, 0);
           for (const auto& row : rows)
             SendMessageW(hwnd, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(row)));
-          shown = std::move(rows);
+          shown.rows = std::move(rows);
         }
-        SendMessageW(hwnd, LB_SETCURSEL, static_cast<WPARAM>(list.ListIndex()), 0);
-        if (list.CheckBoxStyle()) InvalidateRect(hwnd, nullptr, FALSE);
+        if (SendMessageW(hwnd, LB_GETCURSEL, 0, 0) != list.ListIndex())
+          SendMessageW(hwnd, LB_SETCURSEL, static_cast<WPARAM>(list.ListIndex()), 0);
+        // Only a change of ticks is drawn again: drawing on every pass would
+        // keep the loop painting.
+        if (list.CheckBoxStyle() && shown.ticks != ticks) InvalidateRect(hwnd, nullptr, FALSE);
+        shown.ticks = std::move(ticks);
         break;
       }
       default:

@@ -81,8 +81,13 @@ class DialogWindow {
   int dpi_ = 96;
   std::map<HWND, forms::Control*> controls_;
   std::map<const forms::Control*, HWND> windows_;
-  // Rows each list box shows, to refill it only when they change.
-  std::map<const forms::Control*, std::vector<vb::Text>> list_rows_;
+  // What each list box shows, to refill or redraw it only when it changes:
+  // a window changed on every pass of the loop would paint without end.
+  struct ListShown {
+    std::vector<vb::Text> rows;
+    std::vector<bool> ticks;
+  };
+  std::map<const forms::Control*, ListShown> list_rows_;
   std::vector<PendingInput> pending_;
   // Set while Sync changes windows: their notifications are not the user's.
   bool syncing_ = false;

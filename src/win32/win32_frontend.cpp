@@ -8,8 +8,8 @@
 #include <cmath>
 
 #include "forms/form.hpp"
-#include "win32/dialog_window.hpp"
 #include "vb/failure.hpp"
+#include "win32/dialog_window.hpp"
 #include "win32/wide.hpp"
 
 namespace win32 {

@@ -284,6 +284,7 @@ void CheckAddIn() {
         "shows the IDE's words, Esc leaves",
         g_dialogs + " " + stored(L"Name") + " " + g_boxes);
   g_boxes.clear();
+
   reaches(win32::kItemRemoved, {control}, "Member.Name",
           "ItemRemoved reaches it: it walks to the members of the form's code");
   BSTR old_name = SysAllocString(L"Check9");
@@ -291,6 +292,30 @@ void CheckAddIn() {
   reaches(win32::kItemRenamed, {control, ByRef(VT_BSTR, &old_name), ByRef(VT_I4, &old_index)},
           "_CodeModule.Lines", "ItemRenamed reaches it: it reads the form's code");
   SysFreeString(old_name);
+
+  // The options dialog from the Add-Ins entry: Alt+R clears "Remove Code",
+  // Alt+N prompts for no control, Enter presses Ok. The store says so, and
+  // the next control added opens no dialog.
+  g_dialogs.clear();
+  g_steps = {Key('R', true), Key('N', true), Key(VK_RETURN)};
+  VARIANT_BOOL handled = VARIANT_FALSE, cancel_default = VARIANT_FALSE;
+  const Variant entry(ide->entries[0].Get());
+  const HRESULT clicked = ide->menu_events->Fire(
+      win32::kClick, {entry, ByRef(VT_BOOL, &handled), ByRef(VT_BOOL, &cancel_default)});
+  win32::RegistrySettingsStore store;
+  const auto setting = [&](const char16_t* key) {
+    return vb::ToUtf8(store.Get(u"Vorrel", u"Options", key).value_or(u"(none)"));
+  };
+  Check(clicked == S_OK && g_dialogs == "[Tessaly Options]" && g_steps.empty() &&
+            setting(u"RemoveCode") == "0" && setting(u"RenameCode") == "True" &&
+            setting(tessaly::UseCtlKey(0).c_str()) == "0",
+        "the Add-Ins entry opens the options as a window; its keys change the stored options",
+        g_dialogs + " " + setting(u"RemoveCode") + " " + setting(tessaly::UseCtlKey(0).c_str()));
+  g_dialogs.clear();
+  reaches(win32::kItemAdded, {control}, "VBControl.ClassName",
+          "a control added now reads its class and opens no dialog");
+  Check(g_dialogs.empty() && g_boxes.empty(), "no dialog for a control not prompted for",
+        g_dialogs + g_boxes);
 
   connect->OnDisconnection(1, nullptr);
   Check(ide->entries.empty() && ide->menu_events->Advised() + ide->control_events->Advised() == 0 &&

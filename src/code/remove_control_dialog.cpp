@@ -9,15 +9,22 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
+
+constexpr forms::ClientSize kClient = {7200, 4560};
 
 constexpr std::array<forms::ControlSpec, 4> kControls = {{
-    {K::Label, "Label1", -1,
-     u"The following methods are declared for the control that was just deleted.  Select the "
-     u"methods that you would like to remove from the code listing."},
-    {K::Label, "lblCtlName", -1, u"Control Name : ", nullptr, 0, u"Control Name : ", 0,
-     forms::kBold},
-    {K::ListBox, "lstMembers", -1, u"", nullptr, 0, u"", 0, forms::kCheckBoxStyle},
-    {K::CommandButton, "cmdOK", -1, u"&Ok", nullptr, 0, u"", 0, forms::kDefault},
+    S{K::Label, "Label1", -1,
+      u"The following methods are declared for the control that was just deleted.  Select the "
+      u"methods that you would like to remove from the code listing."}
+        .At({120, 240, 6960, 720}),
+    S{K::Label, "lblCtlName", -1, u"Control Name : ", nullptr, 0, u"Control Name : ", 0,
+      forms::kBold}
+        .At({120, 1200, 6960, 240}),
+    S{K::ListBox, "lstMembers", -1, u"", nullptr, 0, u"", 0, forms::kCheckBoxStyle}.At(
+        {120, 1680, 6960, 1920}),
+    S{K::CommandButton, "cmdOK", -1, u"&Ok", nullptr, 0, u"", 0, forms::kDefault}.At(
+        {5640, 3840, 1440, 360}),
 }};
 
 // What the IDE hands out may be missing; using it then is the runtime's 91.
@@ -40,7 +47,7 @@ std::shared_ptr<ide::CodeModule> FindCodeModule(ide::VBControl& control) {
 
 frmRemoveControl::frmRemoveControl(forms::Runtime& runtime)
     : Form(runtime, "frmRemoveControl", u"Remove Code for Control", kControls,
-           forms::StartUpPosition::CenterScreen) {
+           forms::StartUpPosition::CenterScreen, kClient) {
   Get<forms::CommandButton>("cmdOK").Click = [this](forms::Control&) { cmdOK_Click(); };
 }
 

@@ -10,25 +10,34 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
+
+constexpr forms::ClientSize kClient = {7200, 2880};
 
 constexpr const char16_t* kTitle = u"Rename Code for Control";
 
 constexpr std::array<forms::ControlSpec, 5> kControls = {{
-    {K::Label, "Label1", -1,
-     u"You have just changed the name of a control.  Do you want to change all references in "
-     u"the code for the current Form/Control to reflect the new name for the control?"},
-    {K::Label, "lblOldName", -1, u"Old Control Name : ", nullptr, 0, u"Old Control Name : ", 0,
-     forms::kBold},
-    {K::Label, "lblNewName", -1, u"New Control Name : ", nullptr, 0, u"New Control Name : ", 0,
-     forms::kBold},
-    {K::CommandButton, "cmdReplace", -1, u"&Replace", nullptr, 0, u"", 0, forms::kDefault},
-    {K::CommandButton, "cmdCancel", -1, u"&Cancel", nullptr, 0, u"", 0, forms::kCancel},
+    S{K::Label, "Label1", -1,
+      u"You have just changed the name of a control.  Do you want to change all references in "
+      u"the code for the current Form/Control to reflect the new name for the control?"}
+        .At({120, 240, 6960, 960}),
+    S{K::Label, "lblOldName", -1, u"Old Control Name : ", nullptr, 0, u"Old Control Name : ", 0,
+      forms::kBold}
+        .At({120, 1440, 6960, 240}),
+    S{K::Label, "lblNewName", -1, u"New Control Name : ", nullptr, 0, u"New Control Name : ", 0,
+      forms::kBold}
+        .At({120, 1680, 6960, 240}),
+    S{K::CommandButton, "cmdReplace", -1, u"&Replace", nullptr, 0, u"", 0, forms::kDefault}.At(
+        {4080, 2160, 1440, 360}),
+    S{K::CommandButton, "cmdCancel", -1, u"&Cancel", nullptr, 0, u"", 0, forms::kCancel}.At(
+        {5640, 2160, 1440, 360}),
 }};
 
 }  // namespace
 
 frmRenameCode::frmRenameCode(forms::Runtime& runtime)
-    : Form(runtime, "frmRenameCode", kTitle, kControls, forms::StartUpPosition::CenterScreen) {
+    : Form(runtime, "frmRenameCode", kTitle, kControls, forms::StartUpPosition::CenterScreen,
+           kClient) {
   Get<forms::CommandButton>("cmdReplace").Click = [this](forms::Control&) { cmdReplace_Click(); };
   Get<forms::CommandButton>("cmdCancel").Click = [this](forms::Control&) { cmdCancel_Click(); };
 }

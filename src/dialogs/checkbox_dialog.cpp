@@ -8,25 +8,26 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 18> kControls = {{
-    {K::Label, "Label1", -1, u"Check &Box Name:"},
-    {K::TextBox, "txtName", -1, u"chk"},
-    {K::Label, "Label2", -1, u"Chec&k Box Caption:"},
-    {K::TextBox, "txtCaption"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Check &Box Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"chk"}.At({3480, 240, 3600, 240}),
+    S{K::Label, "Label2", -1, u"Chec&k Box Caption:"}.At({120, 720, 3240, 240}),
+    S{K::TextBox, "txtCaption"}.At({3480, 720, 3600, 240}),
+    rows::kOptionsFrame.At({120, 1200, 3360, 1680}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::CheckBox, "chkChecked", -1, u"C&hecked?", "Frame1", 0},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    {K::Label, "Label5", -1, u"Font:"},
-    rows::kFontField,
-    rows::kFontButton,
+    S{K::CheckBox, "chkChecked", -1, u"C&hecked?", "Frame1", 0}.At({120, 720, 3120, 240}),
+    rows::kIndexLabel.At({120, 960, 720, 240}),
+    rows::kIndexField.At({960, 960, 960, 240}),
+    rows::kTagLabel.At({120, 1200, 720, 240}),
+    rows::kTagField.At({960, 1200, 2160, 240}),
+    rows::kOKButton.At({3960, 3600, 1800, 360}),
+    rows::kCancelButton.At({5880, 3600, 1200, 360}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 3120, 600, 240}),
+    rows::kFontField.At({840, 3120, 2520, 240}),
+    rows::kFontButton.At({3480, 3120, 600, 240}),
     rows::kFontService,
 }};
 
@@ -47,6 +48,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmCheckBox",
     .title = u"New CheckBox Control",
     .controls = kControls,
+    .client = {7200, 4320},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::Caption,
     .name_filter = NameFilter::CaptionFeeding,

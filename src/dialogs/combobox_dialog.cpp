@@ -8,29 +8,34 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 22> kControls = {{
-    {K::Label, "Label1", -1, u"Combo &Box Name:"},
-    {K::TextBox, "txtName", -1, u"cbo"},
-    {K::Label, "lblText", -1, u"Combo Box Te&xt:", nullptr, 0, u"", 0, forms::kAlignRight},
-    {K::TextBox, "txtText"},
-    {K::Frame, "Frame2", -1, u"Style"},
-    {K::OptionButton, "optDDCombo", -1, u"&Dropdown Combo", "Frame2", 1, u"0"},
-    {K::OptionButton, "optSimple", -1, u"Si&mple Combo", "Frame2", 0, u"1"},
-    {K::OptionButton, "optDDList", -1, u"Dro&pdown List", "Frame2", 0, u"2"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Combo &Box Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"cbo"}.At({3480, 240, 3600, 240}),
+    S{K::Label, "lblText", -1, u"Combo Box Te&xt:", nullptr, 0, u"", 0, forms::kAlignRight}.At(
+        {120, 720, 3240, 240}),
+    S{K::TextBox, "txtText"}.At({3480, 720, 3600, 240}),
+    S{K::Frame, "Frame2", -1, u"Style"}.At({3720, 1200, 3360, 1200}),
+    S{K::OptionButton, "optDDCombo", -1, u"&Dropdown Combo", "Frame2", 1, u"0"}.At(
+        {120, 240, 3120, 240}),
+    S{K::OptionButton, "optSimple", -1, u"Si&mple Combo", "Frame2", 0, u"1"}.At(
+        {120, 480, 3120, 240}),
+    S{K::OptionButton, "optDDList", -1, u"Dro&pdown List", "Frame2", 0, u"2"}.At(
+        {120, 720, 3120, 240}),
+    rows::kOptionsFrame.At({120, 1200, 3360, 1680}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::CheckBox, "chkSorted", -1, u"So&rted?", "Frame1", 1},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label5", -1, u"Font:"},
+    S{K::CheckBox, "chkSorted", -1, u"So&rted?", "Frame1", 1}.At({120, 720, 3120, 240}),
+    rows::kIndexLabel.At({120, 960, 720, 240}),
+    rows::kIndexField.At({960, 960, 960, 240}),
+    rows::kTagLabel.At({120, 1200, 720, 240}),
+    rows::kTagField.At({960, 1200, 2160, 240}),
+    rows::kOKButton.At({3960, 3600, 1800, 360}),
+    rows::kCancelButton.At({5880, 3600, 1200, 360}),
+    rows::kFontButton.At({3480, 3120, 600, 240}),
+    rows::kFontField.At({840, 3120, 2520, 240}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 3120, 600, 240}),
     rows::kFontService,
 }};
 
@@ -61,6 +66,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmComboBox",
     .title = u"New ComboBox Control",
     .controls = kControls,
+    .client = {7200, 4320},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::None,
     .name_filter = NameFilter::Dropping,

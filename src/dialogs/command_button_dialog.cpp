@@ -8,26 +8,27 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 19> kControls = {{
-    {K::Label, "Label1", -1, u"Command Button &Name:"},
-    {K::TextBox, "txtName", -1, u"cmd"},
-    {K::Label, "Label2", -1, u"Command &Button Caption: "},
-    {K::TextBox, "txtCaption"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Command Button &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"cmd"}.At({3480, 240, 3600, 240}),
+    S{K::Label, "Label2", -1, u"Command &Button Caption: "}.At({120, 720, 3240, 240}),
+    S{K::TextBox, "txtCaption"}.At({3480, 720, 3600, 240}),
+    rows::kOptionsFrame.At({120, 1200, 3360, 1920}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::CheckBox, "chkDefault", -1, u"&Default?", "Frame1", 0},
-    {K::CheckBox, "chkCancel", -1, u"C&ancel?", "Frame1", 0},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label5", -1, u"Font:"},
+    S{K::CheckBox, "chkDefault", -1, u"&Default?", "Frame1", 0}.At({120, 720, 3120, 240}),
+    S{K::CheckBox, "chkCancel", -1, u"C&ancel?", "Frame1", 0}.At({120, 960, 3120, 240}),
+    rows::kIndexLabel.At({120, 1200, 720, 240}),
+    rows::kIndexField.At({960, 1200, 960, 240}),
+    rows::kTagLabel.At({120, 1440, 720, 240}),
+    rows::kTagField.At({960, 1440, 2160, 240}),
+    rows::kOKButton.At({3960, 3840, 1800, 360}),
+    rows::kCancelButton.At({5880, 3840, 1200, 360}),
+    rows::kFontButton.At({3480, 3360, 600, 240}),
+    rows::kFontField.At({840, 3360, 2520, 240}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 3360, 600, 240}),
     rows::kFontService,
 }};
 
@@ -49,6 +50,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmCommandButton",
     .title = u"New CommandButton Control",
     .controls = kControls,
+    .client = {7200, 4560},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::Caption,
     .name_filter = NameFilter::CaptionFeeding,

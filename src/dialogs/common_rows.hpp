@@ -1,7 +1,7 @@
 // Rows that most property dialogs share, named once: the buttons, the font
 // fields, the options frame with its Enabled and Visible boxes, the Index and
 // Tag fields, and the writes that go with them. A dialog's tables list these
-// by name among its own rows, in its own tab order.
+// by name among its own rows, in its own tab order, placed for its layout.
 #pragma once
 
 #include "dialogs/dialog_design.hpp"
@@ -20,10 +20,12 @@ inline constexpr forms::ControlSpec kFontField = {
     K::TextBox, "txtFont", -1, u"", nullptr, 0, u"", 0, forms::kDisabled};
 inline constexpr forms::ControlSpec kFontService = {K::CommonDialog, "cdlgFont"};
 inline constexpr forms::ControlSpec kOptionsFrame = {K::Frame, "Frame1", -1, u"Options"};
-inline constexpr forms::ControlSpec kEnabledBox = {K::CheckBox,  "chkEnabled", -1,
-                                                   u"&Enabled?", "Frame1",     1};
-inline constexpr forms::ControlSpec kVisibleBox = {K::CheckBox,  "chkVisible", -1,
-                                                   u"&Visible?", "Frame1",     1};
+// The first two rows of every options frame; the other shared rows stand
+// where each dialog places them (ControlSpec::At).
+inline constexpr forms::ControlSpec kEnabledBox = {
+    K::CheckBox, "chkEnabled", -1, u"&Enabled?", "Frame1", 1, u"", 0, 0, {120, 240, 3120, 240}};
+inline constexpr forms::ControlSpec kVisibleBox = {
+    K::CheckBox, "chkVisible", -1, u"&Visible?", "Frame1", 1, u"", 0, 0, {120, 480, 3120, 240}};
 inline constexpr forms::ControlSpec kIndexLabel = {K::Label, "Label3", -1, u"&Index:", "Frame1"};
 inline constexpr forms::ControlSpec kIndexField = {K::TextBox, "txtIndex", -1, u"", "Frame1"};
 inline constexpr forms::ControlSpec kTagLabel = {K::Label, "Label4", -1, u"&Tag:", "Frame1"};

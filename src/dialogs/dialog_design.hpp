@@ -1,4 +1,4 @@
-// A property dialog as data: its controls in tab order, the variants of the
+// A property dialog as data: its controls in tab order with their places, the variants of the
 // shared routines it uses, and its save sequence as a table of writes that one
 // routine walks (PropertyDialog::OKButton_Click).
 //
@@ -81,6 +81,7 @@ struct DialogDesign {
   const char* form_name;
   const char16_t* title;
   std::span<const forms::ControlSpec> controls;
+  forms::ClientSize client{};
   forms::StartUpPosition position = forms::StartUpPosition::WindowsDefault;
   ActivateVariant activate = ActivateVariant::FocusAndFont;
   NameLink name_link = NameLink::None;

@@ -8,24 +8,25 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 17> kControls = {{
-    {K::Label, "Label1", -1, u"Frame &Name:"},
-    {K::TextBox, "txtName", -1, u"fra"},
-    {K::Label, "Label2", -1, u"Fra&me Caption:"},
-    {K::TextBox, "txtCaption"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Frame &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"fra"}.At({3480, 240, 3600, 240}),
+    S{K::Label, "Label2", -1, u"Fra&me Caption:"}.At({120, 720, 3240, 240}),
+    S{K::TextBox, "txtCaption"}.At({3480, 720, 3600, 240}),
+    rows::kOptionsFrame.At({120, 1200, 3360, 1440}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label5", -1, u"Font:"},
+    rows::kIndexLabel.At({120, 720, 720, 240}),
+    rows::kIndexField.At({960, 720, 960, 240}),
+    rows::kTagLabel.At({120, 960, 720, 240}),
+    rows::kTagField.At({960, 960, 2160, 240}),
+    rows::kOKButton.At({3960, 3360, 1800, 360}),
+    rows::kCancelButton.At({5880, 3360, 1200, 360}),
+    rows::kFontButton.At({3480, 2880, 600, 240}),
+    rows::kFontField.At({840, 2880, 2520, 240}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 2880, 600, 240}),
     rows::kFontService,
 }};
 
@@ -45,6 +46,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmFrame",
     .title = u"New Frame Control",
     .controls = kControls,
+    .client = {7200, 4080},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::Caption,
     .name_filter = NameFilter::CaptionFeeding,

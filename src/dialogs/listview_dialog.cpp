@@ -8,30 +8,33 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 23> kControls = {{
-    {K::Label, "Label1", -1, u"List View &Name:"},
-    {K::TextBox, "txtName", -1, u"lv"},
-    {K::Frame, "Frame3", -1, u"View"},
-    {K::OptionButton, "optIcon", -1, u"Ic&on", "Frame3", 0, u"0"},
-    {K::OptionButton, "optSmallIcon", -1, u"S&mall Icon", "Frame3", 0, u"1"},
-    {K::OptionButton, "optList", -1, u"&List", "Frame3", 0, u"2"},
-    {K::OptionButton, "optReport", -1, u"Re&port", "Frame3", 1, u"3"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"List View &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"lv"}.At({3480, 240, 3600, 240}),
+    S{K::Frame, "Frame3", -1, u"View"}.At({3720, 720, 3360, 1440}),
+    S{K::OptionButton, "optIcon", -1, u"Ic&on", "Frame3", 0, u"0"}.At({120, 240, 3120, 240}),
+    S{K::OptionButton, "optSmallIcon", -1, u"S&mall Icon", "Frame3", 0, u"1"}.At(
+        {120, 480, 3120, 240}),
+    S{K::OptionButton, "optList", -1, u"&List", "Frame3", 0, u"2"}.At({120, 720, 3120, 240}),
+    S{K::OptionButton, "optReport", -1, u"Re&port", "Frame3", 1, u"3"}.At({120, 960, 3120, 240}),
+    rows::kOptionsFrame.At({120, 720, 3360, 2160}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::CheckBox, "chkSorted", -1, u"So&rted?", "Frame1", 1},
-    {K::CheckBox, "chkHideHdrs", -1, u"&Hide Column Headers?", "Frame1", 0},
-    {K::CheckBox, "chkMulti", -1, u"M&ultiSelect?", "Frame1", 0},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label5", -1, u"Font:"},
+    S{K::CheckBox, "chkSorted", -1, u"So&rted?", "Frame1", 1}.At({120, 720, 3120, 240}),
+    S{K::CheckBox, "chkHideHdrs", -1, u"&Hide Column Headers?", "Frame1", 0}.At(
+        {120, 960, 3120, 240}),
+    S{K::CheckBox, "chkMulti", -1, u"M&ultiSelect?", "Frame1", 0}.At({120, 1200, 3120, 240}),
+    rows::kIndexLabel.At({120, 1440, 720, 240}),
+    rows::kIndexField.At({960, 1440, 960, 240}),
+    rows::kTagLabel.At({120, 1680, 720, 240}),
+    rows::kTagField.At({960, 1680, 2160, 240}),
+    rows::kOKButton.At({3960, 3600, 1800, 360}),
+    rows::kCancelButton.At({5880, 3600, 1200, 360}),
+    rows::kFontButton.At({3480, 3120, 600, 240}),
+    rows::kFontField.At({840, 3120, 2520, 240}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 3120, 600, 240}),
     rows::kFontService,
 }};
 
@@ -58,6 +61,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmListView",
     .title = u"New ListView Control",
     .controls = kControls,
+    .client = {7200, 4320},
     .position = forms::StartUpPosition::CenterScreen,
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::None,

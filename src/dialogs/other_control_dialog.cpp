@@ -10,26 +10,27 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 19> kControls = {{
-    {K::Label, "lblName", -1, u"Control &Name:"},
-    {K::TextBox, "txtName", -1, u"", nullptr, 0, u"", 40},
-    {K::Label, "lblControlCaption", -1, u"Control Ca&ption:"},
-    {K::TextBox, "txtControlCaption"},
-    {K::Label, "lblControlText", -1, u"Control Te&xt:"},
-    {K::TextBox, "txtControlText"},
-    rows::kOptionsFrame,
+    S{K::Label, "lblName", -1, u"Control &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"", nullptr, 0, u"", 40}.At({3480, 240, 3600, 240}),
+    S{K::Label, "lblControlCaption", -1, u"Control Ca&ption:"}.At({120, 720, 3240, 240}),
+    S{K::TextBox, "txtControlCaption"}.At({3480, 720, 3600, 240}),
+    S{K::Label, "lblControlText", -1, u"Control Te&xt:"}.At({120, 1200, 3240, 240}),
+    S{K::TextBox, "txtControlText"}.At({3480, 1200, 3600, 240}),
+    rows::kOptionsFrame.At({120, 1680, 3360, 1440}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::Label, "lblIndex", -1, u"&Index:", "Frame1"},
-    rows::kIndexField,
-    {K::Label, "lblTag", -1, u"&Tag:", "Frame1"},
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label6", -1, u"Font:"},
+    S{K::Label, "lblIndex", -1, u"&Index:", "Frame1"}.At({120, 720, 720, 240}),
+    rows::kIndexField.At({960, 720, 960, 240}),
+    S{K::Label, "lblTag", -1, u"&Tag:", "Frame1"}.At({120, 960, 720, 240}),
+    rows::kTagField.At({960, 960, 2160, 240}),
+    rows::kOKButton.At({3960, 3840, 1800, 360}),
+    rows::kCancelButton.At({5880, 3840, 1200, 360}),
+    rows::kFontButton.At({3480, 3360, 600, 240}),
+    rows::kFontField.At({840, 3360, 2520, 240}),
+    S{K::Label, "Label6", -1, u"Font:"}.At({120, 3360, 600, 240}),
     rows::kFontService,
 }};
 
@@ -70,6 +71,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmOtherControl",
     .title = u"New Misc Control",
     .controls = kControls,
+    .client = {7200, 4560},
     .activate = ActivateVariant::Own,
     .name_link = NameLink::None,
     .name_filter = NameFilter::Dropping,

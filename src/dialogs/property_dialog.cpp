@@ -6,7 +6,8 @@
 namespace tessaly {
 
 PropertyDialog::PropertyDialog(forms::Runtime& runtime, const DialogDesign& design)
-    : Form(runtime, design.form_name, design.title, design.controls, design.position),
+    : Form(runtime, design.form_name, design.title, design.controls, design.position,
+           design.client),
       design_(design) {
   WireFrame();
 }

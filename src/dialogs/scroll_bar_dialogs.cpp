@@ -8,6 +8,7 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 // What sets the horizontal dialog apart from the vertical one.
 struct ScrollBarTexts {
@@ -19,26 +20,30 @@ struct ScrollBarTexts {
 
 constexpr std::array<forms::ControlSpec, 20> Controls(const ScrollBarTexts& t) {
   return {{
-      {K::Label, "Label1", -1, t.name_label},
-      {K::TextBox, "txtName", -1, t.name_default, nullptr, 0, u"", 40},
-      {K::Frame, "Frame2", -1, u"Scroll Bar Info:"},
-      {K::Label, "Label2", -1, u"Minim&um:", "Frame2", 0, u"", 0, forms::kAlignRight},
-      {K::TextBox, "txtMin", -1, u"0", "Frame2"},
-      {K::Label, "Label5", -1, u"Ma&ximum:", "Frame2", 0, u"", 0, forms::kAlignRight},
-      {K::TextBox, "txtMax", -1, u"32767", "Frame2"},
-      {K::Label, "Label6", -1, t.small_label, "Frame2", 0, u"", 0, forms::kAlignRight},
-      {K::TextBox, "txtSmall", -1, u"1", "Frame2"},
-      {K::Label, "Label7", -1, t.large_label, "Frame2", 0, u"", 0, forms::kAlignRight},
-      {K::TextBox, "txtLarge", -1, u"1", "Frame2"},
-      rows::kOptionsFrame,
+      S{K::Label, "Label1", -1, t.name_label}.At({120, 240, 3240, 240}),
+      S{K::TextBox, "txtName", -1, t.name_default, nullptr, 0, u"", 40}.At({3480, 240, 3600, 240}),
+      S{K::Frame, "Frame2", -1, u"Scroll Bar Info:"}.At({3720, 720, 3360, 1440}),
+      S{K::Label, "Label2", -1, u"Minim&um:", "Frame2", 0, u"", 0, forms::kAlignRight}.At(
+          {120, 240, 1680, 240}),
+      S{K::TextBox, "txtMin", -1, u"0", "Frame2"}.At({1920, 240, 1200, 240}),
+      S{K::Label, "Label5", -1, u"Ma&ximum:", "Frame2", 0, u"", 0, forms::kAlignRight}.At(
+          {120, 480, 1680, 240}),
+      S{K::TextBox, "txtMax", -1, u"32767", "Frame2"}.At({1920, 480, 1200, 240}),
+      S{K::Label, "Label6", -1, t.small_label, "Frame2", 0, u"", 0, forms::kAlignRight}.At(
+          {120, 720, 1680, 240}),
+      S{K::TextBox, "txtSmall", -1, u"1", "Frame2"}.At({1920, 720, 1200, 240}),
+      S{K::Label, "Label7", -1, t.large_label, "Frame2", 0, u"", 0, forms::kAlignRight}.At(
+          {120, 960, 1680, 240}),
+      S{K::TextBox, "txtLarge", -1, u"1", "Frame2"}.At({1920, 960, 1200, 240}),
+      rows::kOptionsFrame.At({120, 720, 3360, 1440}),
       rows::kEnabledBox,
       rows::kVisibleBox,
-      rows::kIndexLabel,
-      rows::kIndexField,
-      rows::kTagLabel,
-      rows::kTagField,
-      rows::kOKButton,
-      rows::kCancelButton,
+      rows::kIndexLabel.At({120, 720, 720, 240}),
+      rows::kIndexField.At({960, 720, 960, 240}),
+      rows::kTagLabel.At({120, 960, 720, 240}),
+      rows::kTagField.At({960, 960, 2160, 240}),
+      rows::kOKButton.At({3960, 2400, 1800, 360}),
+      rows::kCancelButton.At({5880, 2400, 1200, 360}),
   }};
 }
 
@@ -76,6 +81,7 @@ constexpr DialogDesign kHDesign = {
     .form_name = "frmHScrollBar",
     .title = u"New Horizontal Scroll Bar",
     .controls = kHControls,
+    .client = {7200, 3120},
     .position = forms::StartUpPosition::CenterScreen,
     .activate = ActivateVariant::FocusOnly,
     .name_link = NameLink::None,
@@ -88,6 +94,7 @@ constexpr DialogDesign kVDesign = {
     .form_name = "frmVScrollBar",
     .title = u"New Vertical Scroll Bar",
     .controls = kVControls,
+    .client = {7200, 3120},
     .position = forms::StartUpPosition::CenterScreen,
     .activate = ActivateVariant::FocusOnly,
     .name_link = NameLink::None,

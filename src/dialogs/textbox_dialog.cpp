@@ -8,25 +8,26 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 18> kControls = {{
-    {K::Label, "Label1", -1, u"Text Box &Name:"},
-    {K::TextBox, "txtName", -1, u"txt"},
-    {K::Label, "Label2", -1, u"Text Box Te&xt:"},
-    {K::TextBox, "txtText"},
-    rows::kOptionsFrame,
-    {K::CheckBox, "chkMulti", -1, u"&Multi-Line?", "Frame1", 0},
+    S{K::Label, "Label1", -1, u"Text Box &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"txt"}.At({3480, 240, 3600, 240}),
+    S{K::Label, "Label2", -1, u"Text Box Te&xt:"}.At({120, 720, 3240, 240}),
+    S{K::TextBox, "txtText"}.At({3480, 720, 3600, 240}),
+    rows::kOptionsFrame.At({120, 1200, 3360, 1680}),
+    S{K::CheckBox, "chkMulti", -1, u"&Multi-Line?", "Frame1", 0}.At({120, 720, 3120, 240}),
     rows::kVisibleBox,
     rows::kEnabledBox,
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label6", -1, u"Font:"},
+    rows::kIndexLabel.At({120, 960, 720, 240}),
+    rows::kIndexField.At({960, 960, 960, 240}),
+    rows::kTagLabel.At({120, 1200, 720, 240}),
+    rows::kTagField.At({960, 1200, 2160, 240}),
+    rows::kOKButton.At({3960, 3600, 1800, 360}),
+    rows::kCancelButton.At({5880, 3600, 1200, 360}),
+    rows::kFontButton.At({3480, 3120, 600, 240}),
+    rows::kFontField.At({840, 3120, 2520, 240}),
+    S{K::Label, "Label6", -1, u"Font:"}.At({120, 3120, 600, 240}),
     rows::kFontService,
 }};
 
@@ -47,6 +48,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmTextBox",
     .title = u"New TextBox Control",
     .controls = kControls,
+    .client = {7200, 4320},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::None,
     .name_filter = NameFilter::Dropping,

@@ -8,20 +8,21 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 12> kControls = {{
-    {K::Label, "Label1", -1, u"Timer &Name:"},
-    {K::TextBox, "txtName", -1, u"tmr"},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Timer &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"tmr"}.At({3480, 240, 3600, 240}),
+    rows::kOptionsFrame.At({120, 720, 3360, 1440}),
     rows::kEnabledBox,
-    {K::Label, "Label2", -1, u"Inter&val:", "Frame1"},
-    {K::TextBox, "txtInterval", -1, u"500", "Frame1"},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    rows::kTagLabel,
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
+    S{K::Label, "Label2", -1, u"Inter&val:", "Frame1"}.At({120, 480, 1080, 240}),
+    S{K::TextBox, "txtInterval", -1, u"500", "Frame1"}.At({1320, 480, 960, 240}),
+    rows::kIndexLabel.At({120, 720, 720, 240}),
+    rows::kIndexField.At({960, 720, 960, 240}),
+    rows::kTagLabel.At({120, 960, 720, 240}),
+    rows::kTagField.At({960, 960, 2160, 240}),
+    rows::kOKButton.At({3960, 2400, 1800, 360}),
+    rows::kCancelButton.At({5880, 2400, 1200, 360}),
 }};
 
 // The interval is the one number: converted before SetProperty, so the
@@ -40,6 +41,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmTimer",
     .title = u"New Timer Control",
     .controls = kControls,
+    .client = {7200, 3120},
     .activate = ActivateVariant::FocusOnly,
     .name_link = NameLink::None,
     .name_filter = NameFilter::Dropping,

@@ -8,28 +8,30 @@ namespace tessaly {
 namespace {
 
 using K = forms::ControlKind;
+using S = forms::ControlSpec;
 
 constexpr std::array<forms::ControlSpec, 21> kControls = {{
-    {K::Label, "Label1", -1, u"Tree View &Name:"},
-    {K::TextBox, "txtName", -1, u"tv"},
-    {K::Frame, "Frame3", -1, u"Line Style"},
-    {K::OptionButton, "optLineStyle", 0, u"&Tree Lines", "Frame3", 1},
-    {K::OptionButton, "optLineStyle", 1, u"&Root Lines", "Frame3", 0},
-    rows::kOptionsFrame,
+    S{K::Label, "Label1", -1, u"Tree View &Name:"}.At({120, 240, 3240, 240}),
+    S{K::TextBox, "txtName", -1, u"tv"}.At({3480, 240, 3600, 240}),
+    S{K::Frame, "Frame3", -1, u"Line Style"}.At({3720, 720, 3360, 960}),
+    S{K::OptionButton, "optLineStyle", 0, u"&Tree Lines", "Frame3", 1}.At({120, 240, 3120, 240}),
+    S{K::OptionButton, "optLineStyle", 1, u"&Root Lines", "Frame3", 0}.At({120, 480, 3120, 240}),
+    rows::kOptionsFrame.At({120, 720, 3360, 2160}),
     rows::kEnabledBox,
     rows::kVisibleBox,
-    {K::CheckBox, "chkSorted", -1, u"S&orted?", "Frame1", 0},
-    {K::CheckBox, "chkHideSel", -1, u"&Hide Selection?", "Frame1", 1},
-    {K::CheckBox, "chkFullRowSelect", -1, u"&Full Row Select?", "Frame1", 0},
-    rows::kIndexLabel,
-    rows::kIndexField,
-    {K::Label, "Label4", -1, u"T&ag:", "Frame1"},
-    rows::kTagField,
-    rows::kOKButton,
-    rows::kCancelButton,
-    rows::kFontButton,
-    rows::kFontField,
-    {K::Label, "Label5", -1, u"Font:"},
+    S{K::CheckBox, "chkSorted", -1, u"S&orted?", "Frame1", 0}.At({120, 720, 3120, 240}),
+    S{K::CheckBox, "chkHideSel", -1, u"&Hide Selection?", "Frame1", 1}.At({120, 960, 3120, 240}),
+    S{K::CheckBox, "chkFullRowSelect", -1, u"&Full Row Select?", "Frame1", 0}.At(
+        {120, 1200, 3120, 240}),
+    rows::kIndexLabel.At({120, 1440, 720, 240}),
+    rows::kIndexField.At({960, 1440, 960, 240}),
+    S{K::Label, "Label4", -1, u"T&ag:", "Frame1"}.At({120, 1680, 720, 240}),
+    rows::kTagField.At({960, 1680, 2160, 240}),
+    rows::kOKButton.At({3960, 3600, 1800, 360}),
+    rows::kCancelButton.At({5880, 3600, 1200, 360}),
+    rows::kFontButton.At({3480, 3120, 600, 240}),
+    rows::kFontField.At({840, 3120, 2520, 240}),
+    S{K::Label, "Label5", -1, u"Font:"}.At({120, 3120, 600, 240}),
     rows::kFontService,
 }};
 
@@ -57,6 +59,7 @@ constexpr DialogDesign kDesign = {
     .form_name = "frmTreeView",
     .title = u"New TreeView Control",
     .controls = kControls,
+    .client = {7200, 4320},
     .activate = ActivateVariant::FocusAndFont,
     .name_link = NameLink::None,
     .name_filter = NameFilter::Dropping,

@@ -45,6 +45,16 @@ using KeyPressHandler = std::function<void(Control& sender, KeyPressArgs& args)>
 
 enum class Alignment { Left = 0, Right = 1, Center = 2 };
 
+// Where a control stands, in twips as VB measures a form: Left and Top from
+// the client area's corner, or from the frame's corner for a control inside a
+// frame. Every front end draws from these; zero width means "not placed".
+struct Bounds {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+};
+
 class Control {
  public:
   virtual ~Control() = default;
@@ -84,6 +94,8 @@ class Control {
   // The letter after a single '&' in the caption, upper-cased, if any.
   std::optional<char16_t> AccessKey() const;
   const vb::Text& Caption() const { return caption_; }
+  // The design position, relative to the container (see Bounds).
+  const forms::Bounds& Bounds() const { return bounds_; }
 
   // Restores the values the control had when its form was built.
   virtual void RestoreDesign();
@@ -106,6 +118,7 @@ class Control {
   vb::Text tag_;
   vb::Text caption_;
   int tab_index_ = -1;
+  forms::Bounds bounds_{};
   struct Design {
     bool enabled, visible;
     vb::Text tag, caption;

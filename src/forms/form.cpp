@@ -93,12 +93,13 @@ void ApplyRow(Control& c, const ControlSpec& row) {
 }  // namespace
 
 Form::Form(Runtime& runtime, std::string name, vb::Text caption,
-           std::span<const ControlSpec> design, StartUpPosition position)
+           std::span<const ControlSpec> design, StartUpPosition position, ClientSize client)
     : runtime_(&runtime),
       name_(std::move(name)),
       caption_(std::move(caption)),
       design_caption_(caption_),
-      position_(position) {
+      position_(position),
+      client_(client) {
   Build(design);
 }
 
@@ -113,6 +114,7 @@ void Form::Build(std::span<const ControlSpec> design) {
   for (const ControlSpec& row : design) {
     auto c = MakeControl(row.kind, *this, row.name, row.index);
     if (row.kind != ControlKind::CommonDialog) c->tab_index_ = tab_index++;
+    c->bounds_ = row.bounds;
     ApplyRow(*c, row);
     controls_.push_back(std::move(c));
   }

@@ -1,8 +1,10 @@
 // A form: a retained set of controls built from a design table, shown modally
 // through the runtime's front end.
 //
-// A form's controls are declared as a table of ControlSpec rows in tab order;
-// the form builds them once and snapshots their design values. Unload puts
+// A form's controls are declared as a table of ControlSpec rows in tab order,
+// each with its place in twips, and the form's client size beside it: the one
+// source every front end draws from. The form builds them once and snapshots
+// their design values. Unload puts
 // every control back to those values, so the next Show starts from the design.
 // A form's code derives from Form, overrides Form_Load/Form_Activate, and
 // wires control events in its constructor.
@@ -51,6 +53,21 @@ struct ControlSpec {
   const char16_t* tag = u"";
   std::int32_t max_length = 0;  // text box limit, 0 = none
   unsigned flags = 0;
+  Bounds bounds{};  // Left, Top, Width, Height in twips; relative to the frame
+
+  // The same row placed at `at`: shared rows are declared once and placed by
+  // each form that uses them.
+  constexpr ControlSpec At(Bounds at) const {
+    ControlSpec placed = *this;
+    placed.bounds = at;
+    return placed;
+  }
+};
+
+// The inside of a form's window in twips (VB's ClientWidth, ClientHeight).
+struct ClientSize {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
 };
 
 enum class StartUpPosition { WindowsDefault, CenterScreen };
@@ -75,7 +92,7 @@ enum class Key {
 class Form {
  public:
   Form(Runtime& runtime, std::string name, vb::Text caption, std::span<const ControlSpec> design,
-       StartUpPosition position = StartUpPosition::WindowsDefault);
+       StartUpPosition position = StartUpPosition::WindowsDefault, ClientSize client = {});
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -84,6 +101,8 @@ class Form {
   const vb::Text& Caption() const { return caption_; }
   void SetCaption(vb::Text caption) { caption_ = std::move(caption); }
   StartUpPosition Position() const { return position_; }
+  std::int32_t ClientWidth() const { return client_.width; }
+  std::int32_t ClientHeight() const { return client_.height; }
   Runtime& GetRuntime() const { return *runtime_; }
 
   // Loads the form if it is not loaded: raises Form_Load.
@@ -151,6 +170,7 @@ class Form {
   vb::Text caption_;
   vb::Text design_caption_;
   StartUpPosition position_;
+  ClientSize client_;
   std::vector<std::unique_ptr<Control>> controls_;
   Control* active_ = nullptr;
   bool loaded_ = false;

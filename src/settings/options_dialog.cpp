@@ -10,22 +10,31 @@ namespace {
 
 using forms::ControlKind;
 using forms::ControlSpec;
+using S = forms::ControlSpec;
+
+constexpr forms::ClientSize kClient = {7200, 4080};
 
 constexpr std::array<ControlSpec, 13> kDesign = {{
-    {ControlKind::Label, "lblInstructions", -1, u"Select the controls to prompt for:", nullptr, 0,
-     u"", 0, forms::kAlignCenter},
-    {ControlKind::ListBox, "lstControls", -1, u"", nullptr, 0, u"", 0,
-     forms::kSorted | forms::kCheckBoxStyle},
-    {ControlKind::Frame, "fraOptions", -1, u"Options"},
-    {ControlKind::CheckBox, "chkRemove", -1, u"&Remove Code", "fraOptions", 1},
-    {ControlKind::CheckBox, "chkRename", -1, u"Rename &Code", "fraOptions", 1},
-    {ControlKind::CommandButton, "cmdOK", -1, u"&Ok", nullptr, 0, u"", 0, forms::kDefault},
-    {ControlKind::CommandButton, "cmdPromtAll", -1, u"&Promt All"},
-    {ControlKind::CommandButton, "cmdPromptNone", -1, u"Prompt &None"},
-    {ControlKind::Frame, "Frame1", -1, u"Default F&ont", "fraOptions"},
-    {ControlKind::Label, "Label1", -1, u"Font :", "Frame1"},
-    {ControlKind::TextBox, "txtFont", -1, u"", "Frame1", 0, u"", 0, forms::kDisabled},
-    {ControlKind::CommandButton, "cmdFont", -1, u"...", "Frame1"},
+    S{ControlKind::Label, "lblInstructions", -1, u"Select the controls to prompt for:", nullptr, 0,
+      u"", 0, forms::kAlignCenter}
+        .At({120, 240, 3360, 240}),
+    S{ControlKind::ListBox, "lstControls", -1, u"", nullptr, 0, u"", 0,
+      forms::kSorted | forms::kCheckBoxStyle}
+        .At({120, 480, 3360, 3360}),
+    S{ControlKind::Frame, "fraOptions", -1, u"Options"}.At({3720, 240, 3360, 1920}),
+    S{ControlKind::CheckBox, "chkRemove", -1, u"&Remove Code", "fraOptions", 1}.At(
+        {120, 240, 3120, 240}),
+    S{ControlKind::CheckBox, "chkRename", -1, u"Rename &Code", "fraOptions", 1}.At(
+        {120, 480, 3120, 240}),
+    S{ControlKind::CommandButton, "cmdOK", -1, u"&Ok", nullptr, 0, u"", 0, forms::kDefault}.At(
+        {5640, 3360, 1440, 360}),
+    S{ControlKind::CommandButton, "cmdPromtAll", -1, u"&Promt All"}.At({3720, 2400, 1560, 360}),
+    S{ControlKind::CommandButton, "cmdPromptNone", -1, u"Prompt &None"}.At({5400, 2400, 1680, 360}),
+    S{ControlKind::Frame, "Frame1", -1, u"Default F&ont", "fraOptions"}.At({120, 960, 3120, 720}),
+    S{ControlKind::Label, "Label1", -1, u"Font :", "Frame1"}.At({120, 240, 720, 240}),
+    S{ControlKind::TextBox, "txtFont", -1, u"", "Frame1", 0, u"", 0, forms::kDisabled}.At(
+        {960, 240, 1440, 240}),
+    S{ControlKind::CommandButton, "cmdFont", -1, u"...", "Frame1"}.At({2400, 240, 600, 240}),
     {ControlKind::CommonDialog, "cdlgFont"},
 }};
 
@@ -36,7 +45,9 @@ vb::Text Setting(forms::Runtime& rt, const char16_t* key, const char16_t* fallba
 }  // namespace
 
 frmAddInOptions::frmAddInOptions(forms::Runtime& runtime, Globals& globals)
-    : Form(runtime, "frmAddInOptions", u"Tessaly Options", kDesign), globals_(globals) {
+    : Form(runtime, "frmAddInOptions", u"Tessaly Options", kDesign,
+           forms::StartUpPosition::WindowsDefault, kClient),
+      globals_(globals) {
   Get<forms::CommandButton>("cmdOK").Click = [this](forms::Control&) { cmdOK_Click(); };
   Get<forms::CommandButton>("cmdPromtAll").Click = [this](forms::Control&) { cmdPromtAll_Click(); };
   Get<forms::CommandButton>("cmdPromptNone").Click = [this](forms::Control&) {

@@ -9,6 +9,7 @@
 
 #include "forms/form.hpp"
 #include "vb/failure.hpp"
+#include "win32/dialog_window.hpp"
 #include "win32/wide.hpp"
 
 namespace win32 {
@@ -25,18 +26,70 @@ LONG HeightOfPoints(double points) {
   return -static_cast<LONG>(std::lround(points * dpi / 72.0));
 }
 
+// What the window procedure saw, handed to the form's user-input entry
+// points; the form applies its rules (a disabled control takes nothing).
+void Apply(forms::Form& form, const PendingInput& input) {
+  using T = PendingInput::Type;
+  switch (input.type) {
+    case T::Close:
+      form.UserClose();
+      return;
+    case T::Click:
+      form.UserClick(*input.control);
+      return;
+    case T::Focus:
+      // Only the focus: the mouse places a text box's caret itself.
+      if (form.ActiveControl() != input.control && input.control->CanTakeFocus())
+        input.control->SetFocus();
+      return;
+    case T::ListSelect: {
+      auto& list = static_cast<forms::ListBox&>(*input.control);
+      form.UserClick(list);
+      if (input.row >= 0 && form.ActiveControl() == &list) list.SetListIndex(input.row);
+      return;
+    }
+    case T::ListToggle:
+      form.UserToggleRow(static_cast<forms::ListBox&>(*input.control), input.row);
+      return;
+    case T::Selection: {
+      auto& text = static_cast<forms::TextBox&>(*input.control);
+      if (form.ActiveControl() != &text) return;
+      text.SetSelStart(input.row);
+      text.SetSelLength(input.length);
+      return;
+    }
+  }
+}
+
 }  // namespace
 
 HWND Win32Frontend::Owner() const {
+  if (!shown_.empty()) return shown_.back();
   return owner_ && IsWindow(owner_) ? owner_ : GetActiveWindow();
 }
 
 void Win32Frontend::RunModal(forms::Form& form) {
-  // The IDE may keep a failed event to itself, so the user is told here.
-  const vb::Text words = u"This build of Tessaly cannot show its dialog \"" + form.Caption() +
-                         u"\" in the IDE yet. Nothing was changed.";
-  MessageBoxW(Owner(), Wide(words), L"Tessaly", MB_OK | MB_ICONINFORMATION | MB_TASKMODAL);
-  throw vb::Failure(vb::kInvalidProcedureCall, words);
+  DialogWindow window(form, Owner());
+  shown_.push_back(window.Handle());
+  struct Forget {
+    std::vector<HWND>* shown;
+    ~Forget() { shown->pop_back(); }
+  } forget{&shown_};
+  MSG msg{};
+  while (form.IsShown()) {
+    const BOOL got = GetMessageW(&msg, nullptr, 0, 0);
+    if (got == -1) throw vb::Failure(vb::kInvalidProcedureCall, u"The dialog's messages failed");
+    if (got == 0) {
+      PostQuitMessage(static_cast<int>(msg.wParam));
+      throw forms::InputExhausted("the IDE is closing");
+    }
+    if (!window.Owns(msg.hwnd) || !window.Take(msg)) {
+      TranslateMessage(&msg);
+      DispatchMessageW(&msg);
+    }
+    for (const PendingInput& input : window.TakePending()) Apply(form, input);
+    if (form.IsShown()) window.Sync();
+  }
 }
 
 std::int32_t Win32Frontend::ShowMessageBox(const forms::MessageBox& box) {

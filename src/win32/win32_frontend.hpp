@@ -3,11 +3,16 @@
 // IDE's main window when the IDE names it, else by the window that is active
 // in the IDE's thread.
 //
-// Forms are not drawn as windows yet: RunModal says so in a message box and
-// fails, so the event that wanted the dialog changes nothing.
+// A form shows as a modal dialog window (dialog_window.hpp) owned by the
+// dialog it was opened from, or by the IDE's main window; message boxes and
+// the font service are owned by the top dialog in the same way. The modal
+// loop ends when the form is hidden or unloaded; a WM_QUIT (the IDE closing)
+// ends it too, with forms::InputExhausted, and is posted again for the IDE.
 #pragma once
 
 #include "win32/system.hpp"
+
+#include <vector>
 
 #include "forms/frontend.hpp"
 
@@ -25,6 +30,8 @@ class Win32Frontend : public forms::Frontend {
  private:
   HWND Owner() const;
   HWND owner_ = nullptr;
+  // The dialog windows shown, bottom first.
+  std::vector<HWND> shown_;
 };
 
 }  // namespace win32

@@ -43,8 +43,46 @@ BOOL CALLBACK CloseBox(HWND window, LPARAM) {
   return TRUE;
 }
 
+// The add-in's dialogs: each tick hands the next of g_steps to the dialog
+// that is shown, as a user at the keyboard would, and keeps its caption. A
+// dialog left without steps is closed by its close box after a while.
+std::vector<std::function<void()>> g_steps;
+std::string g_dialogs;
+int g_idle_ticks = 0;
+
+BOOL CALLBACK DriveDialog(HWND window, LPARAM) {
+  wchar_t kind[32] = L"", caption[128] = L"";
+  GetClassNameW(window, kind, 32);
+  if (wcscmp(kind, L"TessalyDialog") != 0 || !IsWindowEnabled(window)) return TRUE;
+  GetWindowTextW(window, caption, 128);
+  const std::string seen = "[" + U8(caption) + "]";
+  if (g_dialogs.size() < seen.size() ||
+      g_dialogs.compare(g_dialogs.size() - seen.size(), seen.size(), seen) != 0)
+    g_dialogs += seen;
+  if (!g_steps.empty()) {
+    g_steps.front()();
+    g_steps.erase(g_steps.begin());
+    g_idle_ticks = 0;
+  } else if (++g_idle_ticks > 40) {
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    g_idle_ticks = 0;
+  }
+  return FALSE;
+}
+
 void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
   EnumThreadWindows(GetCurrentThreadId(), CloseBox, 0);
+  EnumThreadWindows(GetCurrentThreadId(), DriveDialog, 0);
+}
+
+// Steps of a user: keys and characters go where the focus is.
+std::function<void()> Key(WPARAM key, bool alt = false) {
+  return [=] { PostMessageW(GetFocus(), alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key, 0); };
+}
+std::function<void()> Chars(const wchar_t* text) {
+  return [=] {
+    for (const wchar_t* c = text; *c; ++c) PostMessageW(GetFocus(), WM_CHAR, *c, 0);
+  };
 }
 
 // The failure `run` ends with, as "number words"; "none" without one.
@@ -197,7 +235,7 @@ void CheckReceivers() {
 Microsoft::WRL::ComPtr<win32::ConnectObject> Connected(const IdeDouble& ide) {
   win32::RegistrySettingsStore store;
   for (std::size_t row = 0; row < tessaly::kControlRows; ++row) {
-    store.Save(u"Vorrel", u"Options", tessaly::UseCtlKey(row), u"False");
+    store.Save(u"Vorrel", u"Options", tessaly::UseCtlKey(row), u"True");
   }
   store.Save(u"Vorrel", u"Options", u"RemoveCode", u"True");
   store.Save(u"Vorrel", u"Options", u"RenameCode", u"True");
@@ -226,8 +264,27 @@ void CheckAddIn() {
     const HRESULT hr = ide->control_events->Fire(id, args);
     Check(hr == S_OK && comdouble::Called(reached), what, std::to_string(hr));
   };
+  // The CheckBox dialog as a window: the user types the rest of a name into
+  // the focused name field and presses Enter. The name is written; the
+  // double has no Enabled, so the next write is refused in a message box
+  // with the IDE's words, and the user leaves by Esc.
+  g_dialogs.clear();
+  g_boxes.clear();
+  g_steps = {Key(VK_END), Chars(L"Agree"), Key(VK_RETURN), Key(VK_ESCAPE)};
   reaches(win32::kItemAdded, {control}, "VBControl.ClassName",
           "ItemAdded reaches the add-in, which reads the control's class");
+  const auto stored = [&](const wchar_t* name) {
+    return vb::ToUtf8(ide->properties.at(name)->Stored(L"Value").ToValue().ToText());
+  };
+  Check(g_dialogs == "[New CheckBox Control]" && g_steps.empty() && stored(L"Name") == "chkAgree" &&
+            g_boxes.find("for Enabled.") != std::string::npos &&
+            g_boxes.find("The error was: The control has no property of that name]") !=
+                std::string::npos,
+        "its dialog is a window driven by keys: the typed name is written, a refused write "
+        "shows the IDE's words, Esc leaves",
+        g_dialogs + " " + stored(L"Name") + " " + g_boxes);
+  g_boxes.clear();
+
   reaches(win32::kItemRemoved, {control}, "Member.Name",
           "ItemRemoved reaches it: it walks to the members of the form's code");
   BSTR old_name = SysAllocString(L"Check9");
@@ -235,6 +292,30 @@ void CheckAddIn() {
   reaches(win32::kItemRenamed, {control, ByRef(VT_BSTR, &old_name), ByRef(VT_I4, &old_index)},
           "_CodeModule.Lines", "ItemRenamed reaches it: it reads the form's code");
   SysFreeString(old_name);
+
+  // The options dialog from the Add-Ins entry: Alt+R clears "Remove Code",
+  // Alt+N prompts for no control, Enter presses Ok. The store says so, and
+  // the next control added opens no dialog.
+  g_dialogs.clear();
+  g_steps = {Key('R', true), Key('N', true), Key(VK_RETURN)};
+  VARIANT_BOOL handled = VARIANT_FALSE, cancel_default = VARIANT_FALSE;
+  const Variant entry(ide->entries[0].Get());
+  const HRESULT clicked = ide->menu_events->Fire(
+      win32::kClick, {entry, ByRef(VT_BOOL, &handled), ByRef(VT_BOOL, &cancel_default)});
+  win32::RegistrySettingsStore store;
+  const auto setting = [&](const char16_t* key) {
+    return vb::ToUtf8(store.Get(u"Vorrel", u"Options", key).value_or(u"(none)"));
+  };
+  Check(clicked == S_OK && g_dialogs == "[Tessaly Options]" && g_steps.empty() &&
+            setting(u"RemoveCode") == "0" && setting(u"RenameCode") == "True" &&
+            setting(tessaly::UseCtlKey(0).c_str()) == "0",
+        "the Add-Ins entry opens the options as a window; its keys change the stored options",
+        g_dialogs + " " + setting(u"RemoveCode") + " " + setting(tessaly::UseCtlKey(0).c_str()));
+  g_dialogs.clear();
+  reaches(win32::kItemAdded, {control}, "VBControl.ClassName",
+          "a control added now reads its class and opens no dialog");
+  Check(g_dialogs.empty() && g_boxes.empty(), "no dialog for a control not prompted for",
+        g_dialogs + g_boxes);
 
   connect->OnDisconnection(1, nullptr);
   Check(ide->entries.empty() && ide->menu_events->Advised() + ide->control_events->Advised() == 0 &&

@@ -14,7 +14,9 @@ namespace win32 {
 namespace {
 
 constexpr wchar_t kClassName[] = L"TessalyDialog";
-constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+// No WS_CLIPCHILDREN: a frame (a group box) lets the dialog's face show
+// through it.
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr DWORD kChild = WS_CHILD | WS_CLIPSIBLINGS;
 // The face and size VB gives a new form's controls.
@@ -77,6 +79,13 @@ bool IsCheckList(const forms::Control* control) {
 // Width of the check box a list row starts with, in pixels.
 int CheckWidth(int dpi) { return MulDiv(16, dpi, 96); }
 
+// How many frames hold the control.
+int Depth(const forms::Control& control) {
+  int depth = 0;
+  for (const forms::Control* c = control.Container(); c; c = c->Container()) ++depth;
+  return depth;
+}
+
 }  // namespace
 
 DialogWindow::DialogWindow(forms::Form& form, HWND owner) : form_(&form), owner_(owner) {
@@ -127,14 +136,18 @@ DialogWindow::~DialogWindow() {
 }
 
 void DialogWindow::CreateControls() {
-  // Frames first: the first child made is drawn under the later ones, so a
-  // frame's border never covers what it holds.
+  // The first child made stands on top. Frames come last, the outermost
+  // last of all, so that a frame never covers what it holds.
+  std::vector<const forms::Control*> frames;
   for (const auto& c : form_->Controls()) {
-    if (c->Kind() == forms::ControlKind::Frame) CreateControl(*c);
+    if (c->Kind() == forms::ControlKind::Frame)
+      frames.push_back(c.get());
+    else
+      CreateControl(*c);
   }
-  for (const auto& c : form_->Controls()) {
-    if (c->Kind() != forms::ControlKind::Frame) CreateControl(*c);
-  }
+  std::stable_sort(frames.begin(), frames.end(),
+                   [](const auto* a, const auto* b) { return Depth(*a) > Depth(*b); });
+  for (const auto* frame : frames) CreateControl(*frame);
 }
 
 HWND DialogWindow::CreateControl(const forms::Control& control) {

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Drives `tessaly interactive` in a tmux pane as a user would: drops a text
-# box on a copy of the sample, fills the add-in's dialog, is asked before
+# box on a copy of the sample, fills the add-in's dialog, undoes and redoes
+# that with Ctrl+Z and Ctrl+Y, is asked before
 # quitting with changes, saves, and checks the saved form holds the values.
 # Usage: workbench_tmux_test.sh TESSALY SOURCE_DIR. Exit 77: skipped.
 set -euo pipefail
@@ -36,7 +37,10 @@ wait_for "New TextBox Control"
 keys 'Name' Tab 'Hello' Enter
 wait_for "txtName  TextBox"
 wait_for "[modified]"
-# Undo and redo lines go here: Ctrl+Z, then Ctrl+Y, and what each shows.
+keys C-z
+wait_for "undid: drop TextBox"
+keys C-y
+wait_for "redid: drop TextBox"
 keys 'quit' Enter
 wait_for "changes that are not saved"
 keys Enter

@@ -23,9 +23,9 @@ inline constexpr forms::ControlSpec kOptionsFrame = {K::Frame, "Frame1", -1, u"O
 // The first two rows of every options frame; the other shared rows stand
 // where each dialog places them (ControlSpec::At).
 inline constexpr forms::ControlSpec kEnabledBox = {
-    K::CheckBox, "chkEnabled", -1, u"&Enabled?", "Frame1", 1, u"", 0, 0, {120, 240, 3120, 240}};
+    K::CheckBox, "chkEnabled", -1, u"&Enabled?", "Frame1", 1, u"", 0, 0, {240, 240, 3000, 240}};
 inline constexpr forms::ControlSpec kVisibleBox = {
-    K::CheckBox, "chkVisible", -1, u"&Visible?", "Frame1", 1, u"", 0, 0, {120, 480, 3120, 240}};
+    K::CheckBox, "chkVisible", -1, u"&Visible?", "Frame1", 1, u"", 0, 0, {240, 480, 3000, 240}};
 inline constexpr forms::ControlSpec kIndexLabel = {K::Label, "Label3", -1, u"&Index:", "Frame1"};
 inline constexpr forms::ControlSpec kIndexField = {K::TextBox, "txtIndex", -1, u"", "Frame1"};
 inline constexpr forms::ControlSpec kTagLabel = {K::Label, "Label4", -1, u"&Tag:", "Frame1"};

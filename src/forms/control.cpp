@@ -317,14 +317,17 @@ void ListBox::AddItem(vb::Text item) {
   const auto pos = static_cast<std::int32_t>(at - rows_.begin());
   rows_.insert(at, Row{std::move(item)});
   new_index_ = pos;
-  // The selected row stays selected when a row goes in above it.
+  // The selected row stays selected when a row goes in above it, and the
+  // caret with it; with nothing selected the caret stays on the first row.
   if (list_index_ >= pos) ++list_index_;
+  if (list_index_ >= 0 && caret_ >= pos) ++caret_;
 }
 
 void ListBox::Clear() {
   rows_.clear();
   new_index_ = -1;
   list_index_ = -1;
+  caret_ = 0;
 }
 
 const ListBox::Row& ListBox::At(std::int32_t i) const {
@@ -344,9 +347,19 @@ void ListBox::SetItemData(std::int32_t i, std::int32_t data) { At(i).item_data =
 
 void ListBox::SetListIndex(std::int32_t i) {
   if (i < -1 || i >= ListCount()) throw vb::Failure::Of(vb::kInvalidPropertyValue);
+  if (i >= 0) caret_ = i;
   if (i == list_index_) return;
   list_index_ = i;
   Raise(Click, *this);
+}
+
+std::int32_t ListBox::Caret() const {
+  return rows_.empty() ? -1 : std::clamp(caret_, 0, ListCount() - 1);
+}
+
+void ListBox::UserMoveCaret(std::int32_t to) {
+  if (rows_.empty() || !EffectivelyEnabled()) return;
+  SetListIndex(std::clamp(to, 0, ListCount() - 1));
 }
 
 void ListBox::UserToggleRow(std::int32_t i) {

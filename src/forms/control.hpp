@@ -298,7 +298,17 @@ class ListBox : public Control {
   std::int32_t ItemData(std::int32_t i) const;
   void SetItemData(std::int32_t i, std::int32_t data);
   std::int32_t ListIndex() const { return list_index_; }
+  // Selects row i (-1: none); a row also takes the caret.
   void SetListIndex(std::int32_t i);
+  // The caret row, where the focus mark stands and Space ticks; -1 only in
+  // an empty list. It is apart from the selection: a list nobody selected in
+  // has its caret on the first row and no ListIndex.
+  std::int32_t Caret() const;
+  // Up, Down, Home and End, as Windows list boxes take them: the caret moves
+  // from where it stands (to `to`, kept inside the list) and the selection
+  // follows it. With nothing selected Down therefore selects the second row,
+  // where the mark goes, and never the row the mark stood on.
+  void UserMoveCaret(std::int32_t to);
 
   // User ticks or clears a row's check box (check-box style): toggles
   // Selected and raises ItemCheck with the row.
@@ -323,6 +333,7 @@ class ListBox : public Control {
   std::vector<Row> rows_;
   std::int32_t new_index_ = -1;
   std::int32_t list_index_ = -1;
+  std::int32_t caret_ = 0;
 };
 
 // The font service of the common dialog. The properties hold the font given

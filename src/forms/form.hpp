@@ -145,6 +145,11 @@ class Form {
   void UserKey(Key key);
   void UserChar(char16_t ch);
   void UserPaste(const vb::Text& text);
+  // Alt+letter. A key only one control has acts as before: a label's or a
+  // frame's moves the focus to the next tab stop after it, a button is
+  // pressed, a check box or option button takes the focus and is clicked. A
+  // key several controls share moves the focus to the next of them after the
+  // focus, in tab order, and presses nothing.
   void UserAltKey(char16_t letter);
   // A mouse click: the control takes the focus if it can, then acts.
   void UserClick(Control& control);

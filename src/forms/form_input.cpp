@@ -120,9 +120,10 @@ void Form::UserKey(Key key) {
     }
     case ControlKind::ListBox: {
       auto& list = static_cast<ListBox&>(*active_);
-      if (list.ListCount() == 0) break;
-      if (key == Key::Up) list.SetListIndex(std::max(list.ListIndex() - 1, 0));
-      if (key == Key::Down) list.SetListIndex(std::min(list.ListIndex() + 1, list.ListCount() - 1));
+      if (key == Key::Up) list.UserMoveCaret(list.Caret() - 1);
+      if (key == Key::Down) list.UserMoveCaret(list.Caret() + 1);
+      if (key == Key::Home) list.UserMoveCaret(0);
+      if (key == Key::End) list.UserMoveCaret(list.ListCount() - 1);
       break;
     }
     default:
@@ -159,35 +160,43 @@ void Form::UserAltKey(char16_t letter) {
   if (!shown_) return;
   letter = detail::FoldUpper(letter);
   const auto order = TabOrder();
-  const auto n = static_cast<std::ptrdiff_t>(order.size());
-  const std::ptrdiff_t from = PositionOf(order, active_);
-  // The search starts after the focus, so a letter used twice moves between
-  // its controls on each press.
-  for (std::ptrdiff_t step = 1; step <= n; ++step) {
-    const std::ptrdiff_t i = ((from < 0 ? step - 1 : from + step) % n + n) % n;
-    Control& c = *order[i];
-    if (!c.EffectivelyEnabled() || !c.EffectivelyVisible() || c.AccessKey() != letter) continue;
-    switch (c.Kind()) {
-      case ControlKind::Label:
-      case ControlKind::Frame:
-        // A label names the control that follows it.
-        if (Control* next = NextTabStop(order, i, false)) MoveFocus(next);
-        break;
-      case ControlKind::CommandButton:
-        Press(static_cast<CommandButton*>(&c));
-        break;
-      case ControlKind::CheckBox:
-        MoveFocus(&c);
-        static_cast<CheckBox&>(c).UserClick();
-        break;
-      case ControlKind::OptionButton:
-        MoveFocus(&c);
-        static_cast<OptionButton&>(c).UserClick();
-        break;
-      default:
-        break;
-    }
+  std::vector<std::ptrdiff_t> sharing;
+  for (std::ptrdiff_t i = 0; i < static_cast<std::ptrdiff_t>(order.size()); ++i) {
+    const Control& c = *order[i];
+    if (c.EffectivelyEnabled() && c.EffectivelyVisible() && c.AccessKey() == letter)
+      sharing.push_back(i);
+  }
+  if (sharing.empty()) return;
+  // The first of them after the focus, so that a letter used twice moves
+  // between its controls on each press.
+  const auto after = std::upper_bound(sharing.begin(), sharing.end(), PositionOf(order, active_));
+  const std::ptrdiff_t i = after == sharing.end() ? sharing.front() : *after;
+  Control& c = *order[i];
+  if (c.Kind() == ControlKind::Label || c.Kind() == ControlKind::Frame) {
+    // A label names the control that follows it.
+    if (Control* next = NextTabStop(order, i, false)) MoveFocus(next);
     return;
+  }
+  // A key that several controls share only moves the focus: pressing or
+  // ticking the wrong one would do what the user never meant.
+  if (sharing.size() > 1) {
+    if (c.CanTakeFocus()) MoveFocus(&c);
+    return;
+  }
+  switch (c.Kind()) {
+    case ControlKind::CommandButton:
+      Press(static_cast<CommandButton*>(&c));
+      break;
+    case ControlKind::CheckBox:
+      MoveFocus(&c);
+      static_cast<CheckBox&>(c).UserClick();
+      break;
+    case ControlKind::OptionButton:
+      MoveFocus(&c);
+      static_cast<OptionButton&>(c).UserClick();
+      break;
+    default:
+      break;
   }
 }
 

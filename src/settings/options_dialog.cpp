@@ -12,29 +12,29 @@ using forms::ControlKind;
 using forms::ControlSpec;
 using S = forms::ControlSpec;
 
-constexpr forms::ClientSize kClient = {7200, 4080};
+constexpr forms::ClientSize kClient = {7920, 4080};
 
 constexpr std::array<ControlSpec, 13> kDesign = {{
     S{ControlKind::Label, "lblInstructions", -1, u"Select the controls to prompt for:", nullptr, 0,
       u"", 0, forms::kAlignCenter}
-        .At({120, 240, 3360, 240}),
+        .At({120, 240, 4080, 240}),
     S{ControlKind::ListBox, "lstControls", -1, u"", nullptr, 0, u"", 0,
       forms::kSorted | forms::kCheckBoxStyle}
-        .At({120, 480, 3360, 3360}),
-    S{ControlKind::Frame, "fraOptions", -1, u"Options"}.At({3720, 240, 3360, 1920}),
+        .At({120, 480, 4080, 3360}),
+    S{ControlKind::Frame, "fraOptions", -1, u"Options"}.At({4440, 240, 3360, 1920}),
     S{ControlKind::CheckBox, "chkRemove", -1, u"&Remove Code", "fraOptions", 1}.At(
-        {120, 240, 3120, 240}),
+        {240, 240, 3000, 240}),
     S{ControlKind::CheckBox, "chkRename", -1, u"Rename &Code", "fraOptions", 1}.At(
-        {120, 480, 3120, 240}),
+        {240, 480, 3000, 240}),
     S{ControlKind::CommandButton, "cmdOK", -1, u"&Ok", nullptr, 0, u"", 0, forms::kDefault}.At(
-        {5640, 3360, 1440, 360}),
-    S{ControlKind::CommandButton, "cmdPromtAll", -1, u"&Promt All"}.At({3720, 2400, 1560, 360}),
-    S{ControlKind::CommandButton, "cmdPromptNone", -1, u"Prompt &None"}.At({5400, 2400, 1680, 360}),
-    S{ControlKind::Frame, "Frame1", -1, u"Default F&ont", "fraOptions"}.At({120, 960, 3120, 720}),
-    S{ControlKind::Label, "Label1", -1, u"Font :", "Frame1"}.At({120, 240, 720, 240}),
+        {6360, 3360, 1440, 360}),
+    S{ControlKind::CommandButton, "cmdPromtAll", -1, u"&Promt All"}.At({4440, 2400, 1560, 360}),
+    S{ControlKind::CommandButton, "cmdPromptNone", -1, u"Prompt &None"}.At({6120, 2400, 1680, 360}),
+    S{ControlKind::Frame, "Frame1", -1, u"Default F&ont", "fraOptions"}.At({240, 960, 2880, 720}),
+    S{ControlKind::Label, "Label1", -1, u"Font :", "Frame1"}.At({240, 240, 720, 240}),
     S{ControlKind::TextBox, "txtFont", -1, u"", "Frame1", 0, u"", 0, forms::kDisabled}.At(
-        {960, 240, 1440, 240}),
-    S{ControlKind::CommandButton, "cmdFont", -1, u"...", "Frame1"}.At({2400, 240, 600, 240}),
+        {1080, 240, 960, 240}),
+    S{ControlKind::CommandButton, "cmdFont", -1, u"...", "Frame1"}.At({2040, 240, 600, 240}),
     {ControlKind::CommonDialog, "cdlgFont"},
 }};
 

@@ -13,7 +13,7 @@ namespace {
 using K = forms::ControlKind;
 using S = forms::ControlSpec;
 
-constexpr forms::ClientSize kClient = {7440, 3600};
+constexpr forms::ClientSize kClient = {7560, 3600};
 
 // The family is a text box that takes any name, the list under it filling
 // it, as the Windows font dialog has it: a form keeps the family chosen even
@@ -24,15 +24,15 @@ constexpr std::array<forms::ControlSpec, 12> kDesign = {{
     S{K::ListBox, "lstFont"}.At({120, 720, 3600, 2640}),
     S{K::Label, "lblSize", -1, u"&Size:"}.At({3960, 240, 1200, 240}),
     S{K::TextBox, "txtSize", -1, u"", nullptr, 0, u"", 6}.At({3960, 480, 960, 240}),
-    S{K::Frame, "fraEffects", -1, u"Effects"}.At({3960, 960, 1920, 1440}),
-    S{K::CheckBox, "chkBold", -1, u"&Bold", "fraEffects"}.At({120, 240, 1680, 240}),
-    S{K::CheckBox, "chkItalic", -1, u"&Italic", "fraEffects"}.At({120, 480, 1680, 240}),
-    S{K::CheckBox, "chkUnderline", -1, u"&Underline", "fraEffects"}.At({120, 720, 1680, 240}),
-    S{K::CheckBox, "chkStrikethru", -1, u"S&trikethru", "fraEffects"}.At({120, 960, 1680, 240}),
+    S{K::Frame, "fraEffects", -1, u"Effects"}.At({3960, 960, 2160, 1440}),
+    S{K::CheckBox, "chkBold", -1, u"&Bold", "fraEffects"}.At({240, 240, 1680, 240}),
+    S{K::CheckBox, "chkItalic", -1, u"&Italic", "fraEffects"}.At({240, 480, 1680, 240}),
+    S{K::CheckBox, "chkUnderline", -1, u"&Underline", "fraEffects"}.At({240, 720, 1680, 240}),
+    S{K::CheckBox, "chkStrikethru", -1, u"S&trikethru", "fraEffects"}.At({240, 960, 1680, 240}),
     S{K::CommandButton, "cmdOK", -1, u"OK", nullptr, 0, u"", 0, forms::kDefault}.At(
-        {6120, 480, 1200, 360}),
+        {6240, 480, 1200, 360}),
     S{K::CommandButton, "cmdCancel", -1, u"Cancel", nullptr, 0, u"", 0, forms::kCancel}.At(
-        {6120, 960, 1200, 360}),
+        {6240, 960, 1200, 360}),
 }};
 
 constexpr vb::Single kLargest = 2048.0F;

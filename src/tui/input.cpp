@@ -6,20 +6,20 @@
 
 #include "forms/case_fold.hpp"
 #include "forms/frontend.hpp"
-#include "tui/layout.hpp"
 
 namespace tui {
 namespace {
 
-// A list box moves to the next row after its cursor that starts with a typed
-// letter, wrapping round, as list boxes do; a long list of font families is
-// usable that way.
+// A list box selects the next row after its caret that starts with a typed
+// letter, wrapping round, as list boxes do (the caret's own row first while
+// nothing is selected); a long list of font families is usable that way.
 void SeekRow(forms::ListBox& list, char16_t letter) {
   if (!list.EffectivelyEnabled()) return;
   const std::int32_t n = list.ListCount();
   const char16_t wanted = forms::detail::FoldUpper(letter);
+  const std::int32_t from = list.ListIndex() < 0 ? list.Caret() - 1 : list.Caret();
   for (std::int32_t step = 1; step <= n; ++step) {
-    const std::int32_t i = (std::max(list.ListIndex(), -1) + step + n) % n;
+    const std::int32_t i = (from + step + n) % n;
     const vb::Text& row = list.List(i);
     if (!row.empty() && forms::detail::FoldUpper(row.front()) == wanted) {
       list.SetListIndex(i);
@@ -35,7 +35,7 @@ void Deliver(forms::Form& form, const Input& input) {
     case Input::Type::Key: {
       auto* list = dynamic_cast<forms::ListBox*>(form.ActiveControl());
       if (input.key == forms::Key::Space && list && list->CheckBoxStyle()) {
-        if (list->ListCount() > 0) form.UserToggleRow(*list, ListCursor(*list));
+        if (list->ListCount() > 0) form.UserToggleRow(*list, list->Caret());
         return;
       }
       form.UserKey(input.key);

@@ -1,7 +1,4 @@
-// Laying out forms and message boxes as rows of attributed text.
-//
-// Sections: rows and captions - one row per kind of control - the form's
-// tree of frames - message boxes.
+// Cells, captions, wrapping, and message boxes laid out as rows.
 #include "tui/layout.hpp"
 
 #include <algorithm>
@@ -9,237 +6,77 @@
 namespace tui {
 namespace {
 
-using forms::ControlKind;
-
 // Control characters would move the terminal's cursor; each shows as one
 // middle dot instead, so columns still match positions in the text.
-vb::Text Printable(vb::TextView text) {
-  vb::Text out(text);
-  for (char16_t& c : out) {
-    if (c < 0x20 || c == 0x7F) c = u'\u00B7';
+char16_t Printable(char16_t c) { return c < 0x20 || c == 0x7F ? u'\u00B7' : c; }
+
+}  // namespace
+
+// ------------------------------------------------------ cells and captions
+
+Canvas::Canvas(int rows, int columns)
+    : rows_(std::max(rows, 0)),
+      columns_(std::max(columns, 0)),
+      cells_(static_cast<std::size_t>(rows_ * columns_)) {}
+
+void Canvas::Put(int row, int column, vb::TextView text, unsigned attrs, int limit) {
+  if (row < 0 || row >= rows_) return;
+  const int n = std::min(static_cast<int>(text.size()), limit);
+  for (int i = 0; i < n; ++i) {
+    const int x = column + i;
+    if (x >= 0 && x < columns_)
+      cells_[static_cast<std::size_t>(row * columns_ + x)] = {
+          Printable(text[static_cast<std::size_t>(i)]), attrs};
+  }
+}
+
+void Canvas::Put(int row, int column, const std::vector<Span>& spans, unsigned extra, int limit) {
+  for (const Span& s : spans) {
+    if (limit <= 0) return;
+    Put(row, column, s.text, s.attrs | extra, limit);
+    column += static_cast<int>(s.text.size());
+    limit -= static_cast<int>(s.text.size());
+  }
+}
+
+void Canvas::Draw(int row, int column, const Canvas& from, int first, int count) {
+  for (int y = 0; y < count && first + y < from.rows_; ++y) {
+    for (int x = 0; x < from.columns_; ++x) {
+      const int to_y = row + y;
+      const int to_x = column + x;
+      if (to_y < 0 || to_y >= rows_ || to_x < 0 || to_x >= columns_ || first + y < 0) continue;
+      cells_[static_cast<std::size_t>(to_y * columns_ + to_x)] =
+          from.cells_[static_cast<std::size_t>((first + y) * from.columns_ + x)];
+    }
+  }
+}
+
+Row Canvas::RowAt(int row) const {
+  Row out;
+  for (int x = 0; x < columns_; ++x) {
+    const Cell& cell = cells_[static_cast<std::size_t>(row * columns_ + x)];
+    if (out.spans.empty() || out.spans.back().attrs != cell.attrs)
+      out.spans.push_back({u"", cell.attrs});
+    out.spans.back().text.push_back(cell.ch);
   }
   return out;
 }
 
-class RowBuilder {
- public:
-  explicit RowBuilder(const forms::Control* control) { row_.control = control; }
-  RowBuilder& Add(vb::TextView text, unsigned attrs = kPlain) {
-    if (text.empty()) return *this;
-    if (!row_.spans.empty() && row_.spans.back().attrs == attrs) {
-      row_.spans.back().text += Printable(text);
-    } else {
-      row_.spans.push_back({Printable(text), attrs});
-    }
-    return *this;
+vb::Text Canvas::Text() const {
+  vb::Text out;
+  for (int y = 0; y < rows_; ++y) {
+    vb::Text line = RowText(RowAt(y));
+    line.erase(line.find_last_not_of(u' ') + 1);
+    out += line + u"\n";
   }
-  RowBuilder& Add(const std::vector<Span>& spans, unsigned extra = kPlain) {
-    for (const Span& s : spans) Add(s.text, s.attrs | extra);
-    return *this;
-  }
-  RowBuilder& Pad(int cells, unsigned attrs = kPlain) {
-    if (cells > 0) Add(vb::Text(static_cast<std::size_t>(cells), u' '), attrs);
-    return *this;
-  }
-  int Width() const { return RowWidth(row_); }
-  Row Take() { return std::move(row_); }
+  return out;
+}
 
- private:
-  Row row_;
-};
-
-int Cells(const std::vector<Span>& spans) {
+int Width(const std::vector<Span>& spans) {
   int n = 0;
   for (const Span& s : spans) n += static_cast<int>(s.text.size());
   return n;
 }
-
-// ------------------------------------------------------------ the controls
-
-struct Place {
-  const LayoutOptions* options;
-  FormLayout* out;
-  int indent = 0;
-  const forms::Control* focus = nullptr;
-
-  unsigned Base(const forms::Control& c) const { return c.EffectivelyEnabled() ? kPlain : kDim; }
-  bool Focused(const forms::Control& c) const { return &c == focus; }
-  void Push(RowBuilder& row, const forms::Control& c) {
-    if (Focused(c)) out->focus_row = static_cast<int>(out->rows.size());
-    out->rows.push_back(row.Take());
-  }
-
-  void Label(const forms::Label& label) {
-    unsigned attrs = Base(label) | (label.Bold() ? kBold : kPlain);
-    const auto spans = CaptionSpans(label.Caption(), attrs);
-    const int room = options->width - indent - Cells(spans);
-    int pad = 0;
-    if (label.GetAlignment() == forms::Alignment::Center) pad = room / 2;
-    if (label.GetAlignment() == forms::Alignment::Right) pad = room;
-    RowBuilder row(&label);
-    row.Pad(indent).Pad(pad).Add(spans);
-    Push(row, label);
-  }
-
-  void Frame(const forms::Frame& frame) {
-    RowBuilder row(&frame);
-    row.Pad(indent).Add(CaptionSpans(frame.Caption(), Base(frame) | kBold));
-    const int rule = options->width - row.Width() - 1;
-    if (rule > 0) row.Add(u" ").Add(vb::Text(static_cast<std::size_t>(rule), u'-'), kDim);
-    Push(row, frame);
-  }
-
-  void TextBox(const forms::TextBox& box) {
-    const int field = std::max(options->width - indent - 2, options->min_field);
-    const vb::Text& text = box.Text();
-    const int caret = box.SelStart() + box.SelLength();
-    // The field scrolls so the caret stays inside it.
-    const int first = caret < field ? 0 : caret - field + 1;
-    const bool focused = Focused(box);
-    const unsigned base = Base(box);
-    const unsigned field_attrs = base | (focused ? kReverse : kPlain);
-    RowBuilder row(&box);
-    row.Pad(indent).Add(u"[", base);
-    for (int i = first; i < first + field; ++i) {
-      const auto at = static_cast<std::size_t>(i);
-      const bool selected = focused && i >= box.SelStart() && i < box.SelStart() + box.SelLength();
-      // A selection shows as the field's colours turned round.
-      const unsigned attrs = selected ? base : field_attrs;
-      row.Add(at < text.size() ? vb::TextView(text).substr(at, 1) : vb::TextView(u"_"), attrs);
-    }
-    row.Add(u"]", base);
-    if (focused && box.EffectivelyEnabled())
-      out->caret = Caret{static_cast<int>(out->rows.size()), indent + 1 + caret - first};
-    Push(row, box);
-  }
-
-  void Toggle(const forms::Control& c, vb::TextView mark) {
-    const unsigned attrs = Base(c) | (Focused(c) ? kReverse : kPlain);
-    RowBuilder row(&c);
-    row.Pad(indent).Add(mark, attrs).Add(u" ", attrs).Add(CaptionSpans(c.Caption(), attrs));
-    Push(row, c);
-  }
-
-  void CheckBox(const forms::CheckBox& check) {
-    const std::int16_t v = check.Value();
-    Toggle(check, v == 1 ? u"[x]" : v == 2 ? u"[-]" : u"[ ]");
-  }
-
-  void OptionButton(const forms::OptionButton& option) {
-    Toggle(option, option.Value() ? u"(o)" : u"( )");
-  }
-
-  void Button(const forms::CommandButton& button) {
-    const unsigned attrs =
-        Base(button) | (button.Default() ? kBold : kPlain) | (Focused(button) ? kReverse : kPlain);
-    RowBuilder row(&button);
-    row.Pad(indent).Add(u"< ", attrs).Add(CaptionSpans(button.Caption(), attrs)).Add(u" >", attrs);
-    Push(row, button);
-  }
-
-  void List(const forms::ListBox& list) {
-    const unsigned base = Base(list);
-    const bool focused = Focused(list);
-    const std::int32_t count = list.ListCount();
-    if (count == 0) {
-      RowBuilder row(&list);
-      row.Pad(indent).Add(u" (empty)", base | kDim | (focused ? kReverse : kPlain));
-      Push(row, list);
-      return;
-    }
-    const std::int32_t shown = std::min<std::int32_t>(count, std::max(options->list_rows, 1));
-    const std::int32_t cursor = ListCursor(list);
-    // The window keeps the cursor in its middle where the list allows.
-    const std::int32_t first = std::clamp<std::int32_t>(cursor - shown / 2, 0, count - shown);
-    for (std::int32_t i = first; i < first + shown; ++i) {
-      const bool more_above = i == first && first > 0;
-      const bool more_below = i == first + shown - 1 && first + shown < count;
-      unsigned attrs = base;
-      if (i == cursor && focused) attrs |= kReverse;
-      if (i == list.ListIndex() && !focused) attrs |= kBold;
-      RowBuilder row(&list);
-      row.Pad(indent).Add(more_below ? u"v" : more_above ? u"^" : u" ", base | kDim);
-      if (list.CheckBoxStyle()) row.Add(list.Selected(i) ? u"[x] " : u"[ ] ", attrs);
-      row.Add(list.List(i), attrs);
-      if (i == cursor && focused) out->focus_row = static_cast<int>(out->rows.size());
-      out->rows.push_back(row.Take());
-    }
-  }
-
-  void One(const forms::Control& c) {
-    switch (c.Kind()) {
-      case ControlKind::Label:
-        return Label(static_cast<const forms::Label&>(c));
-      case ControlKind::Frame:
-        return Frame(static_cast<const forms::Frame&>(c));
-      case ControlKind::TextBox:
-        return TextBox(static_cast<const forms::TextBox&>(c));
-      case ControlKind::CheckBox:
-        return CheckBox(static_cast<const forms::CheckBox&>(c));
-      case ControlKind::OptionButton:
-        return OptionButton(static_cast<const forms::OptionButton&>(c));
-      case ControlKind::CommandButton:
-        return Button(static_cast<const forms::CommandButton&>(c));
-      case ControlKind::ListBox:
-        return List(static_cast<const forms::ListBox&>(c));
-      case ControlKind::CommonDialog:
-        return;
-    }
-  }
-};
-
-// ------------------------------------------------------- the form's tree
-
-// The controls directly in `container` (null: the form), in tab order, each
-// frame followed by what it holds. A frame may stand after its controls in
-// the tab order; they still show under it.
-void PlaceChildren(Place& place, const std::vector<forms::Control*>& order,
-                   const forms::Control* container) {
-  for (const forms::Control* c : order) {
-    if (c->Container() != container || !c->Visible()) continue;
-    place.One(*c);
-    if (c->Kind() == ControlKind::Frame) {
-      place.indent += place.options->indent;
-      PlaceChildren(place, order, c);
-      place.indent -= place.options->indent;
-    }
-  }
-}
-
-// ------------------------------------------------------- message boxes
-
-std::vector<vb::Text> PromptLines(const vb::Text& prompt) {
-  std::vector<vb::Text> lines(1);
-  for (std::size_t i = 0; i < prompt.size(); ++i) {
-    const char16_t c = prompt[i];
-    if (c == u'\r' || c == u'\n') {
-      if (c == u'\r' && i + 1 < prompt.size() && prompt[i + 1] == u'\n') ++i;
-      lines.emplace_back();
-    } else {
-      lines.back().push_back(c);
-    }
-  }
-  return lines;
-}
-
-// Breaks a line at the last blank that lets a piece fit, or hard at the width.
-std::vector<vb::Text> Wrap(const vb::Text& line, std::size_t width) {
-  std::vector<vb::Text> out;
-  vb::TextView rest(line);
-  while (rest.size() > width) {
-    std::size_t cut = rest.substr(0, width + 1).find_last_of(u' ');
-    if (cut == vb::TextView::npos || cut == 0) cut = width;
-    out.emplace_back(rest.substr(0, cut));
-    rest.remove_prefix(cut);
-    while (!rest.empty() && rest.front() == u' ') rest.remove_prefix(1);
-  }
-  out.emplace_back(rest);
-  return out;
-}
-
-}  // namespace
-
-// ------------------------------------------------------ rows and captions
 
 vb::Text RowText(const Row& row) {
   vb::Text text;
@@ -247,88 +84,88 @@ vb::Text RowText(const Row& row) {
   return text;
 }
 
-int RowWidth(const Row& row) { return Cells(row.spans); }
-
-std::vector<Span> CaptionSpans(const vb::Text& caption, unsigned attrs) {
-  std::vector<Span> spans;
-  vb::Text plain;
-  bool keyed = false;
+Caption StripMarks(const vb::Text& caption) {
+  Caption out;
   for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] != u'&' || i + 1 >= caption.size()) {
-      plain.push_back(caption[i]);
-      continue;
-    }
-    ++i;
     // "&&" is a literal ampersand; only the first single '&' marks a key.
-    if (caption[i] == u'&' || keyed) {
-      plain.push_back(caption[i]);
-      continue;
+    if (caption[i] == u'&' && i + 1 < caption.size()) {
+      ++i;
+      if (caption[i] != u'&' && out.key == vb::Text::npos) out.key = out.text.size();
     }
-    keyed = true;
-    if (!plain.empty()) spans.push_back({std::move(plain), attrs});
-    plain.clear();
-    spans.push_back({vb::Text(1, caption[i]), attrs | kUnderline});
+    out.text.push_back(caption[i]);
   }
-  if (!plain.empty()) spans.push_back({std::move(plain), attrs});
-  return spans;
-}
-
-std::int32_t ListCursor(const forms::ListBox& list) {
-  if (list.ListCount() == 0) return -1;
-  return std::max<std::int32_t>(list.ListIndex(), 0);
-}
-
-FormLayout LayoutForm(const forms::Form& form, const LayoutOptions& options) {
-  FormLayout out;
-  out.title = form.Caption();
-  Place place{&options, &out, 0, form.ActiveControl()};
-  PlaceChildren(place, form.TabOrder(), nullptr);
   return out;
 }
 
-int NaturalWidth(const forms::Form& form, const LayoutOptions& options) {
-  // At no width at all nothing pads or stretches, so the rows' own widths
-  // are what the controls need.
-  LayoutOptions narrow = options;
-  narrow.width = 0;
-  int widest = 0;
-  for (const Row& row : LayoutForm(form, narrow).rows) widest = std::max(widest, RowWidth(row));
-  return widest;
+std::vector<Span> CaptionSpans(const Caption& plain, Piece piece, unsigned attrs) {
+  std::vector<Span> out;
+  auto add = [&](std::size_t from, std::size_t to, unsigned a) {
+    if (to > from) out.push_back({plain.text.substr(from, to - from), a});
+  };
+  const std::size_t end = piece.start + piece.length;
+  if (plain.key >= piece.start && plain.key < end) {
+    add(piece.start, plain.key, attrs);
+    add(plain.key, plain.key + 1, attrs | kUnderline);
+    add(plain.key + 1, end, attrs);
+  } else {
+    add(piece.start, end, attrs);
+  }
+  return out;
 }
+
+std::vector<Span> CaptionSpans(const vb::Text& caption, unsigned attrs) {
+  const Caption plain = StripMarks(caption);
+  return CaptionSpans(plain, {0, plain.text.size()}, attrs);
+}
+
+// ------------------------------------------------------------- wrapping
+
+std::vector<Piece> WrapText(vb::TextView text, int width) {
+  const auto room = static_cast<std::size_t>(std::max(width, 1));
+  std::vector<Piece> out;
+  std::size_t line = 0;
+  for (std::size_t i = 0; i <= text.size(); ++i) {
+    if (i < text.size() && text[i] != u'\r' && text[i] != u'\n') continue;
+    std::size_t at = line;
+    while (i - at > room) {
+      std::size_t cut = text.substr(at, room + 1).find_last_of(u' ');
+      if (cut == vb::TextView::npos || cut == 0) cut = room;
+      out.push_back({at, cut});
+      at += cut;
+      while (at < i && text[at] == u' ') ++at;
+    }
+    out.push_back({at, i - at});
+    if (i + 1 < text.size() && text[i] == u'\r' && text[i + 1] == u'\n') ++i;
+    line = i + 1;
+  }
+  return out;
+}
+
+// ------------------------------------------------------- message boxes
 
 BoxLayout LayoutMessageBox(const forms::MessageBox& box, std::span<const std::int32_t> buttons,
                            std::size_t selected, int max_width) {
   constexpr int kMargin = 1;
-  const int text_room = std::max(max_width - 2 * kMargin, 1);
-  std::vector<vb::Text> lines;
-  for (const vb::Text& line : PromptLines(box.prompt)) {
-    for (vb::Text& piece : Wrap(line, static_cast<std::size_t>(text_room))) {
-      lines.push_back(std::move(piece));
-    }
-  }
   std::vector<Span> button_spans;
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     if (i > 0) button_spans.push_back({u"  ", kPlain});
     const vb::Text name = vb::FromUtf8(forms::MsgBoxResultName(buttons[i]));
     button_spans.push_back({u"< " + name + u" >", i == selected ? kReverse : kPlain});
   }
-  int width = Cells(button_spans) + 2 * kMargin;
-  width = std::max(width, static_cast<int>(box.title.size()) + 4);
-  for (const vb::Text& line : lines) {
-    width = std::max(width, static_cast<int>(line.size()) + 2 * kMargin);
-  }
+  const auto pieces = WrapText(box.prompt, std::max(max_width - 2 * kMargin, 1));
+  int width = std::max(Width(button_spans), static_cast<int>(box.title.size()) + 2) + 2 * kMargin;
+  for (const Piece& p : pieces) width = std::max(width, static_cast<int>(p.length) + 2 * kMargin);
   BoxLayout out;
   out.title = box.title;
   out.width = std::min(width, max_width);
-  for (const vb::Text& line : lines) {
-    RowBuilder row(nullptr);
-    row.Pad(kMargin).Add(line);
-    out.rows.push_back(row.Take());
+  Canvas canvas(static_cast<int>(pieces.size()) + 2, out.width);
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    canvas.Put(static_cast<int>(i), kMargin,
+               vb::TextView(box.prompt).substr(pieces[i].start, pieces[i].length), kPlain);
   }
-  out.rows.emplace_back();
-  RowBuilder row(nullptr);
-  row.Pad((out.width - Cells(button_spans)) / 2).Add(button_spans);
-  out.rows.push_back(row.Take());
+  canvas.Put(static_cast<int>(pieces.size()) + 1, (out.width - Width(button_spans)) / 2,
+             button_spans);
+  for (int y = 0; y < canvas.Rows(); ++y) out.rows.push_back(canvas.RowAt(y));
   return out;
 }
 

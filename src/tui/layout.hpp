@@ -1,12 +1,7 @@
-// What the terminal shows of a form, a message box or a list, as plain data:
-// rows of text spans with attributes. Nothing here touches the terminal, so
-// the look of every control can be checked in tests.
-//
-// A form is laid out one control a row, in tab order, each frame as a heading
-// with its controls indented below it; controls that are not visible and the
-// common dialog take no row. Captions show their access key underlined and
-// drop the '&' that marks it ("&&" shows one '&'). Disabled controls are dim,
-// the focused control is reversed, and a focused text box gives the caret.
+// The terminal's drawing material, as plain data: spans of attributed text,
+// a canvas of character cells, captions with their access keys, text wrapped
+// as VB labels wrap it, and the layout of a message box. Nothing here touches
+// the terminal, so the look of everything can be checked in tests.
 // Columns count UTF-16 units: the dialogs' text is Western and one unit a cell.
 #pragma once
 
@@ -15,7 +10,6 @@
 #include <span>
 #include <vector>
 
-#include "forms/form.hpp"
 #include "forms/frontend.hpp"
 #include "vb/text.hpp"
 
@@ -36,54 +30,64 @@ struct Span {
   friend bool operator==(const Span&, const Span&) = default;
 };
 
+// One line of spans, as the terminal draws it.
 struct Row {
   std::vector<Span> spans;
-  // The control the row shows, or null (a message box's rows).
-  const forms::Control* control = nullptr;
 };
 
-// The row's text without attributes, and its width in cells.
 vb::Text RowText(const Row& row);
-int RowWidth(const Row& row);
+// Cells the spans take.
+int Width(const std::vector<Span>& spans);
 
 struct Caret {
   int row = 0;
   int column = 0;
 };
 
-struct LayoutOptions {
-  // Cells a row may use; text boxes stretch to it, labels align within it.
-  int width = 60;
-  // Rows a list box shows at most; a longer list scrolls with its cursor.
-  int list_rows = 6;
-  // Cells a frame's controls stand in from the frame's heading.
-  int indent = 2;
-  // Cells a text box's field has at least, however narrow the width.
-  int min_field = 4;
+// A rectangle of cells; writes outside it are cut off.
+class Canvas {
+ public:
+  Canvas(int rows, int columns);
+  int Rows() const { return rows_; }
+  int Columns() const { return columns_; }
+  // Writes `text` from (row, column) rightwards, at most `limit` cells.
+  void Put(int row, int column, vb::TextView text, unsigned attrs, int limit = 1 << 30);
+  void Put(int row, int column, const std::vector<Span>& spans, unsigned extra = kPlain,
+           int limit = 1 << 30);
+  // Copies `count` rows of `from`, its row `first` on, to (row, column).
+  void Draw(int row, int column, const Canvas& from, int first, int count);
+  // Neighbouring cells of the same attributes make one span.
+  Row RowAt(int row) const;
+  // The characters, a line a row, blanks at the ends of lines dropped.
+  vb::Text Text() const;
+
+ private:
+  struct Cell {
+    char16_t ch = u' ';
+    unsigned attrs = kPlain;
+  };
+  int rows_, columns_;
+  std::vector<Cell> cells_;
 };
 
-struct FormLayout {
-  vb::Text title;
-  std::vector<Row> rows;
-  // Where the terminal's cursor goes: the caret of the focused text box.
-  std::optional<Caret> caret;
-  // The row of the focus (a list box's cursor row), or -1.
-  int focus_row = -1;
+// Where each line of `text` starts and how long it is, broken at line breaks
+// and wrapped to `width` cells at the last blank that lets a piece fit, or
+// hard at the width; the blanks at a wrap belong to no line.
+struct Piece {
+  std::size_t start, length;
 };
+std::vector<Piece> WrapText(vb::TextView text, int width);
 
-FormLayout LayoutForm(const forms::Form& form, const LayoutOptions& options = {});
-
-// The cells the form's rows need when nothing stretches: whole captions and
-// list rows, text boxes of `options.min_field`. A front end sizes a dialog
-// from it.
-int NaturalWidth(const forms::Form& form, const LayoutOptions& options = {});
-
-// The row of a list box that Space ticks and that shows the focus: the
-// ListIndex, or the first row while there is none.
-std::int32_t ListCursor(const forms::ListBox& list);
-
-// Spans of a caption: the access key underlined, the '&' dropped; `attrs`
-// apply to all of it.
+// A caption without the '&' marks ("&&" leaves one '&'), and where its access
+// key (the letter after the first single '&') stands in it, or npos.
+struct Caption {
+  vb::Text text;
+  std::size_t key = vb::Text::npos;
+};
+Caption StripMarks(const vb::Text& caption);
+// Spans of a piece of a caption, the access key underlined; `attrs` apply to
+// all of it.
+std::vector<Span> CaptionSpans(const Caption& caption, Piece piece, unsigned attrs);
 std::vector<Span> CaptionSpans(const vb::Text& caption, unsigned attrs);
 
 struct BoxLayout {

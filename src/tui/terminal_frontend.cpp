@@ -7,6 +7,7 @@
 
 #include "forms/form.hpp"
 #include "tui/font_dialog.hpp"
+#include "tui/form_picture.hpp"
 #include "tui/input.hpp"
 #include "tui/layout.hpp"
 #include "tui/terminal.hpp"
@@ -14,23 +15,12 @@
 namespace tui {
 namespace {
 
-// Cells inside a dialog's border: as many as its controls need, within
-// these bounds; wider dialogs are harder to read, narrower ones look cramped.
-constexpr int kDialogWidth = 64;
-constexpr int kNarrowestDialog = 40;
-// Cells a text box's field has at least.
-constexpr int kMinField = 24;
 constexpr int kMessageWidth = 70;
-// Rows a list box shows at most.
-constexpr int kListRows = 6;
-// Rows a box needs besides its content: title bar, a blank row, the bottom
-// border; a dialog also keeps a blank row under its content.
+// Rows a message box needs besides its content: title bar, a blank row, the
+// bottom border.
 constexpr int kMessageFrame = 3;
-constexpr int kDialogFrame = 4;
 
-constexpr const char* kFormHint =
-    "Tab/Shift+Tab move  Space toggle  Enter OK  Esc cancel  Alt+letter  F10 close";
-constexpr const char* kMessageHint = "Left/Right choose  Enter answer  Esc cancel";
+constexpr const char16_t* kMessageHint = u"Left/Right choose  Enter answer  Esc cancel";
 
 }  // namespace
 
@@ -41,56 +31,22 @@ TerminalFrontend::TerminalFrontend(forms::FontCatalog& fonts)
 
 TerminalFrontend::~TerminalFrontend() = default;
 
-void TerminalFrontend::DrawHint(const char* hint) {
+void TerminalFrontend::DrawHint(const vb::Text& hint) {
+  // Blanks to the end of the line cover the dialog's hint underneath.
+  vb::Text line = hint;
+  line.resize(std::max(line.size(), static_cast<std::size_t>(terminal_->Columns())), u' ');
   Row row;
-  row.spans.push_back({vb::FromUtf8(hint), kDim});
+  row.spans.push_back({line, kDim});
   terminal_->DrawRow(terminal_->Lines() - 1, 0, row, terminal_->Columns());
 }
 
-void TerminalFrontend::DrawForm(forms::Form& form, std::size_t depth, bool top) {
-  Terminal& t = *terminal_;
-  LayoutOptions options{.list_rows = kListRows, .min_field = kMinField};
-  const int widest = std::max(std::min(kDialogWidth, t.Columns() - 4), 12);
-  const int inner =
-      std::clamp(NaturalWidth(form, options) + 2, std::min(kNarrowestDialog, widest), widest);
-  options.width = inner - 2;
-  const FormLayout layout = LayoutForm(form, options);
-  const int rows = static_cast<int>(layout.rows.size());
-  const int visible = std::clamp(rows, 1, std::max(t.Lines() - 1 - kDialogFrame, 1));
-  // Scroll no further than needed to keep the focus in view.
-  int& first = scroll_[&form];
-  if (layout.focus_row >= 0) {
-    first = std::min(first, layout.focus_row);
-    first = std::max(first, layout.focus_row - visible + 1);
-  }
-  first = std::clamp(first, 0, std::max(rows - visible, 0));
-
-  const int height = visible + kDialogFrame;
-  const int width = inner + 2;
-  // A dialog opened from another stands a little lower and to the right, so
-  // the title of the one under it still shows.
-  const int step = static_cast<int>(depth);
-  const int y0 =
-      std::clamp((t.Lines() - 1 - height) / 2 + step, 0, std::max(t.Lines() - 1 - height, 0));
-  const int x0 =
-      std::clamp((t.Columns() - width) / 2 + 2 * step, 0, std::max(t.Columns() - width, 0));
-  t.DrawBox(y0, x0, height, width, layout.title);
-  for (int i = 0; i < visible && first + i < rows; ++i) {
-    t.DrawRow(y0 + 2 + i, x0 + 2, layout.rows[static_cast<std::size_t>(first + i)], inner - 2);
-  }
-  if (first > 0) t.DrawMark(y0 + 2, x0 + width - 1, u'^');
-  if (first + visible < rows) t.DrawMark(y0 + 1 + visible, x0 + width - 1, u'v');
-  if (!top) return;
-  caret_.reset();
-  if (layout.caret && layout.caret->row >= first && layout.caret->row < first + visible) {
-    caret_ = Caret{y0 + 2 + layout.caret->row - first, x0 + 2 + layout.caret->column};
-  }
-}
-
 void TerminalFrontend::DrawForms() {
-  terminal_->Clear();
-  caret_.reset();
-  for (std::size_t i = 0; i < shown_.size(); ++i) DrawForm(*shown_[i], i, i + 1 == shown_.size());
+  Terminal& t = *terminal_;
+  t.Clear();
+  const Screen screen = ComposeScreen(shown_, t.Lines(), t.Columns(), scroll_);
+  for (int y = 0; y < screen.canvas.Rows(); ++y)
+    t.DrawRow(y, 0, screen.canvas.RowAt(y), t.Columns());
+  caret_ = screen.caret;
 }
 
 void TerminalFrontend::RunModal(forms::Form& form) {
@@ -107,7 +63,6 @@ void TerminalFrontend::RunModal(forms::Form& form) {
   } forget{this, &form};
   while (form.IsShown()) {
     DrawForms();
-    DrawHint(kFormHint);
     terminal_->PlaceCursor(caret_);
     terminal_->Show();
     Deliver(form, terminal_->Read());

@@ -1,12 +1,14 @@
 // The terminal front end: shows the forms runtime's dialogs, message boxes and
 // font service in a text terminal and takes the user's keys for them.
 //
-// A dialog shows as a box with its caption as a title bar and one control a
-// row (see layout.hpp); a dialog opened from another shows over it. Keys:
-// Tab and Shift+Tab walk the tab order, arrows move in option groups, lists
-// and text, Space ticks, presses and toggles, Enter presses the default
-// button, Esc the cancel button, Alt+letter (or Esc then the letter) an
-// access key, F10 or Ctrl+Q the close box. The terminal is in visual mode
+// A dialog shows as a window drawn from its geometry (see layout.hpp), centred;
+// a dialog opened from another shows over it, a little lower and to the
+// right; a dialog taller than the terminal scrolls to keep the focus in view.
+// The bottom line names the keys that do something in the dialog. Keys: Tab
+// and Shift+Tab walk the tab order, arrows move in option groups, lists and
+// text, Space ticks, presses and toggles, Enter presses the default button,
+// Esc the cancel button, Alt+letter (or Esc then the letter) an access key,
+// F10 or Ctrl+Q the close box. The terminal is in visual mode
 // only while something is shown, so the caller may use standard input and
 // output in between.
 #pragma once
@@ -52,11 +54,10 @@ class TerminalFrontend : public forms::Frontend {
     bool Remove(const vb::Text&, const vb::Text&, const vb::Text&) override { return false; }
   };
 
-  // Clears the screen and draws every shown dialog; the top one's caret
-  // goes to caret_.
+  // Clears the screen and draws every shown dialog with the top one's hint;
+  // the top one's caret goes to caret_.
   void DrawForms();
-  void DrawForm(forms::Form& form, std::size_t depth, bool top);
-  void DrawHint(const char* hint);
+  void DrawHint(const vb::Text& hint);
 
   std::unique_ptr<Terminal> terminal_;
   forms::FontCatalog* fonts_;

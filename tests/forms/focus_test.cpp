@@ -134,6 +134,29 @@ TEST_F(FocusTest, EnterAndEscPressTheirButtonsUnlessAButtonHasTheFocus) {
   EXPECT_THAT(clicks, ElementsAre("cmdOK", "cmdCancel", "cmdCancel"));
 }
 
+TEST(SharedAccessKey, MovesTheFocusAmongItsControlsAndPressesNothing) {
+  const ControlSpec design[] = {
+      {K::CommandButton, "cmdOK", -1, u"&Ok"},
+      {K::Frame, "fraFont", -1, u"F&ont"},
+      {K::TextBox, "txtFont", -1, u"", "fraFont"},
+      {K::CheckBox, "chkOn", -1, u"&On"},
+  };
+  Harness h;
+  TableForm form(h.runtime, "frmT", u"T", design);
+  int clicks = 0;
+  form.Get<CommandButton>("cmdOK").Click = [&](Control&) { ++clicks; };
+  form.Show(0);
+  std::vector<std::string> focus;
+  for (int i = 0; i < 3; ++i) {
+    form.UserAltKey(u'o');
+    focus.push_back(form.ActiveControl()->Path());
+  }
+  // The frame's key goes on to what it holds, as a label's does.
+  EXPECT_THAT(focus, ElementsAre("txtFont", "chkOn", "cmdOK"));
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(form.Get<CheckBox>("chkOn").Value(), 0);
+}
+
 TEST_F(FocusTest, AltKeyActsOnButtonsAndSkipsWhatCannotTakeIt) {
   form.UserAltKey(u'S');
   EXPECT_EQ(Focus(), "optSize(0)");

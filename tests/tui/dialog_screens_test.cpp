@@ -2,7 +2,13 @@
 //
 // The geometry itself must hold: each control stands inside its frame's border
 // (or the client area) and apart from its neighbours, in whole cells, and the
-// dialog fits an 80x24 terminal.
+// dialog fits an 80x24 terminal. The screens at 80x24 and 120x40 are compared
+// with tests/tui/screens/<form>_<columns>x<rows>.txt; run the tests with
+// TESSALY_REWRITE_SCREENS=1 in the environment to write those files afresh
+// (then read the difference before committing it).
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <span>
@@ -16,6 +22,7 @@
 #include "settings/options_dialog.hpp"
 #include "tui/cells.hpp"
 #include "tui/font_dialog.hpp"
+#include "tui/form_picture.hpp"
 
 namespace tui {
 namespace {
@@ -61,6 +68,29 @@ Rect CellsOf(const forms::Bounds& b) {
   return {ColumnOf(b.left), RowOf(b.top), ColumnsOf(b.width), RowsOf(b.height)};
 }
 
+// Cells of a control in the window: inside the border, its frames' places added.
+Rect InWindow(const forms::Control& c) {
+  Rect r = CellsOf(c.Bounds());
+  r.left += 1;
+  r.top += 1;
+  for (const forms::Control* p = c.Container(); p; p = p->Container()) {
+    r.left += CellsOf(p->Bounds()).left;
+    r.top += CellsOf(p->Bounds()).top;
+  }
+  return r;
+}
+
+// A field a label ending in ':' names stands right after it on its row, or
+// on the row below at its left edge.
+bool NamesAField(const Rect& label, const forms::Control& c) {
+  if (c.Kind() != forms::ControlKind::TextBox && c.Kind() != forms::ControlKind::ListBox)
+    return false;
+  const Rect f = InWindow(c);
+  const int gap = f.left - label.left - label.width;
+  return (f.top == label.top && gap >= 0 && gap <= 2) ||
+         (f.top == label.top + label.height && f.left == label.left);
+}
+
 class DialogScreens : public ::testing::TestWithParam<std::size_t> {
  protected:
   forms::testing::Harness harness_;
@@ -91,6 +121,46 @@ TEST_P(DialogScreens, ControlsStandInsideTheirContainerApartAndTheDialogFits) {
       EXPECT_FALSE(o->Container() == box && r.Overlaps(CellsOf(o->Bounds())))
           << c->Path() << " overlaps " << o->Path();
     }
+  }
+}
+
+TEST_P(DialogScreens, EveryLabelShowsWholeBesideOrAboveItsField) {
+  form_->Load();
+  const Canvas canvas = PictureForm(*form_).canvas;
+  for (const auto& c : form_->Controls()) {
+    if (c->Kind() != forms::ControlKind::Label) continue;
+    const Rect r = InWindow(*c);
+    const Caption caption = StripMarks(c->Caption());
+    const auto pieces = WrapText(caption.text, r.width);
+    EXPECT_LE(pieces.size(), static_cast<std::size_t>(r.height)) << c->Path() << " is cut off";
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+      const vb::Text line = RowText(canvas.RowAt(r.top + static_cast<int>(i)));
+      EXPECT_NE(line.find(caption.text.substr(pieces[i].start, pieces[i].length)), vb::Text::npos)
+          << c->Path() << " line " << i;
+    }
+    vb::Text named = caption.text;
+    while (!named.empty() && named.back() == u' ') named.pop_back();
+    if (named.empty() || named.back() != u':' || static_cast<const forms::Label&>(*c).Bold())
+      continue;
+    EXPECT_TRUE(std::any_of(form_->Controls().begin(), form_->Controls().end(),
+                            [&](const auto& f) { return NamesAField(r, *f); }))
+        << c->Path() << " names no field beside or below it";
+  }
+}
+
+TEST_P(DialogScreens, ScreensAsCommitted) {
+  form_->Load();
+  const auto dir = std::filesystem::path(std::getenv("TESSALY_SOURCE_DIR")) / "tests/tui/screens";
+  for (const auto& [columns, rows] : {std::pair{80, 24}, std::pair{120, 40}}) {
+    std::map<const forms::Form*, int> scroll;
+    forms::Form* shown[] = {form_.get()};
+    const std::string screen =
+        vb::ToUtf8(ComposeScreen(shown, rows, columns, scroll).canvas.Text());
+    const auto file =
+        dir / (form_->Name() + "_" + std::to_string(columns) + "x" + std::to_string(rows) + ".txt");
+    if (std::getenv("TESSALY_REWRITE_SCREENS")) std::ofstream(file) << screen;
+    std::ifstream in(file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), screen) << file;
   }
 }
 

@@ -41,14 +41,15 @@ class Presses : public ::testing::Test {
   forms::Form form_{shown_.runtime, "frmT", u"T", kDesign};
 };
 
-TEST_F(Presses, SpaceTicksTheRowUnderTheCursorOfACheckList) {
-  // No ListIndex yet: the cursor is on the first row, and the first Down
-  // makes that row the ListIndex, as list boxes do.
-  Run({Key(forms::Key::Space), Key(forms::Key::Down), Key(forms::Key::Down), Key(forms::Key::Down),
-       Char(u' ')});
+TEST_F(Presses, SpaceTicksTheCaretRowAndArrowsMoveTheCaretFromWhereItStands) {
+  // Nothing selected: the caret is on the first row, and Down goes on to
+  // the second, selecting it; End and Up then select as they move.
+  Run({Key(forms::Key::Space), Key(forms::Key::Down), Key(forms::Key::Space), Key(forms::Key::End),
+       Key(forms::Key::Up), Char(u' ')});
   EXPECT_TRUE(Ticks().Selected(0));
   EXPECT_FALSE(Ticks().Selected(1));
-  EXPECT_TRUE(Ticks().Selected(2));
+  EXPECT_FALSE(Ticks().Selected(2));
+  EXPECT_EQ(Ticks().ListIndex(), 1);
 }
 
 TEST_F(Presses, SpaceOnACheckBoxTogglesIt) {

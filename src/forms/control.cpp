@@ -362,6 +362,21 @@ void ListBox::UserMoveCaret(std::int32_t to) {
   SetListIndex(std::clamp(to, 0, ListCount() - 1));
 }
 
+void ListBox::UserSeek(char16_t letter) {
+  if (!EffectivelyEnabled()) return;
+  const std::int32_t n = ListCount();
+  const char16_t wanted = detail::FoldUpper(letter);
+  const std::int32_t from = ListIndex() < 0 ? Caret() - 1 : Caret();
+  for (std::int32_t step = 1; step <= n; ++step) {
+    const std::int32_t i = (from + step + n) % n;
+    const vb::Text& row = List(i);
+    if (!row.empty() && detail::FoldUpper(row.front()) == wanted) {
+      SetListIndex(i);
+      return;
+    }
+  }
+}
+
 void ListBox::UserToggleRow(std::int32_t i) {
   Row& row = At(i);
   if (!EffectivelyEnabled()) return;

@@ -309,6 +309,10 @@ class ListBox : public Control {
   // follows it. With nothing selected Down therefore selects the second row,
   // where the mark goes, and never the row the mark stood on.
   void UserMoveCaret(std::int32_t to);
+  // A typed letter selects the next row after the caret that starts with
+  // it, wrapping round (the caret's own row first while nothing is
+  // selected), as list boxes do: a long list of font families is usable so.
+  void UserSeek(char16_t letter);
 
   // User ticks or clears a row's check box (check-box style): toggles
   // Selected and raises ItemCheck with the row.

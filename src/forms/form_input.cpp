@@ -146,6 +146,16 @@ void Form::UserChar(char16_t ch) {
     case ControlKind::CommandButton:
       if (ch == u' ') Press(static_cast<CommandButton*>(active_));
       break;
+    case ControlKind::ListBox: {
+      // Space ticks the caret's row of a list with check boxes; a letter
+      // seeks a row.
+      auto& list = static_cast<ListBox&>(*active_);
+      if (ch != u' ')
+        list.UserSeek(ch);
+      else if (list.CheckBoxStyle() && list.ListCount() > 0)
+        UserToggleRow(list, list.Caret());
+      break;
+    }
     default:
       break;
   }

@@ -1,4 +1,4 @@
-// Cells, clipping, boxes and the cells' turn into spans.
+// Cells, clipping, boxes, copies, and the cells' turn into spans and text.
 #include "tui/canvas.hpp"
 
 #include <algorithm>
@@ -16,16 +16,33 @@ bool Canvas::Inside(int y, int x) const {
          x >= clip_.left && x < clip_.Right();
 }
 
-int Canvas::Put(int y, int x, vb::TextView text, unsigned attrs, int max_width) {
-  const int n = max_width < 0 ? static_cast<int>(text.size())
-                              : std::min(static_cast<int>(text.size()), max_width);
+int Canvas::Put(int y, int x, vb::TextView text, unsigned attrs, int limit) {
+  const int n = std::max(std::min(static_cast<int>(text.size()), limit), 0);
   for (int i = 0; i < n; ++i) {
     if (!Inside(y, x + i)) continue;
     // Control characters would move the terminal's cursor.
     const char16_t c = text[static_cast<std::size_t>(i)];
-    cells_[Index(y, x + i)] = {c < 0x20 ? u' ' : c, attrs};
+    cells_[Index(y, x + i)] = {c < 0x20 || c == 0x7F ? u'\u00B7' : c, attrs};
   }
-  return x + std::max(n, 0);
+  return x + n;
+}
+
+void Canvas::Put(int y, int x, const std::vector<Span>& spans, unsigned extra, int limit) {
+  for (const Span& s : spans) {
+    if (limit <= 0) return;
+    x = Put(y, x, s.text, s.attrs | extra, limit);
+    limit -= static_cast<int>(s.text.size());
+  }
+}
+
+void Canvas::Draw(int y, int x, const Canvas& from, int first, int count) {
+  for (int row = std::max(first, 0); row < first + count && row < from.rows_; ++row) {
+    for (int column = 0; column < from.columns_; ++column) {
+      const int to_y = y + row - first;
+      if (Inside(to_y, x + column))
+        cells_[Index(to_y, x + column)] = from.cells_[from.Index(row, column)];
+    }
+  }
 }
 
 void Canvas::Mark(int y, int x, int width, unsigned attrs) {
@@ -75,6 +92,28 @@ Row Canvas::RowAt(int y) const {
     row.spans.back().text.push_back(cell.ch);
   }
   return row;
+}
+
+vb::Text Canvas::Text() const {
+  vb::Text out;
+  for (int y = 0; y < rows_; ++y) {
+    vb::Text line = RowText(RowAt(y));
+    line.erase(line.find_last_not_of(u' ') + 1);
+    out += line + u"\n";
+  }
+  return out;
+}
+
+int Width(const std::vector<Span>& spans) {
+  int n = 0;
+  for (const Span& s : spans) n += static_cast<int>(s.text.size());
+  return n;
+}
+
+vb::Text RowText(const Row& row) {
+  vb::Text text;
+  for (const Span& s : row.spans) text += s.text;
+  return text;
 }
 
 std::vector<Row> Canvas::ToRows() const {

@@ -2,52 +2,17 @@
 // message box through its choice of buttons.
 #include "tui/input.hpp"
 
-#include <algorithm>
-
 #include "forms/case_fold.hpp"
 #include "forms/frontend.hpp"
 
 namespace tui {
-namespace {
-
-// A list box selects the next row after its caret that starts with a typed
-// letter, wrapping round, as list boxes do (the caret's own row first while
-// nothing is selected); a long list of font families is usable that way.
-void SeekRow(forms::ListBox& list, char16_t letter) {
-  if (!list.EffectivelyEnabled()) return;
-  const std::int32_t n = list.ListCount();
-  const char16_t wanted = forms::detail::FoldUpper(letter);
-  const std::int32_t from = list.ListIndex() < 0 ? list.Caret() - 1 : list.Caret();
-  for (std::int32_t step = 1; step <= n; ++step) {
-    const std::int32_t i = (from + step + n) % n;
-    const vb::Text& row = list.List(i);
-    if (!row.empty() && forms::detail::FoldUpper(row.front()) == wanted) {
-      list.SetListIndex(i);
-      return;
-    }
-  }
-}
-
-}  // namespace
 
 void Deliver(forms::Form& form, const Input& input) {
   switch (input.type) {
-    case Input::Type::Key: {
-      auto* list = dynamic_cast<forms::ListBox*>(form.ActiveControl());
-      if (input.key == forms::Key::Space && list && list->CheckBoxStyle()) {
-        if (list->ListCount() > 0) form.UserToggleRow(*list, list->Caret());
-        return;
-      }
+    case Input::Type::Key:
       form.UserKey(input.key);
       return;
-    }
     case Input::Type::Char:
-      // A typed blank is the Space key: it ticks, presses and toggles.
-      if (input.ch == u' ') return Deliver(form, Input::Pressed(forms::Key::Space));
-      if (auto* list = dynamic_cast<forms::ListBox*>(form.ActiveControl())) {
-        SeekRow(*list, input.ch);
-        return;
-      }
       form.UserChar(input.ch);
       return;
     case Input::Type::Alt:

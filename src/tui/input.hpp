@@ -4,9 +4,8 @@
 // The terminal turns its key codes into Input values (terminal.cpp); the rest
 // is plain logic over the forms runtime: a form gets every press through its
 // user-input entry points, which apply focus, default and cancel buttons and
-// access keys themselves. Two rules are the terminal's own: Space on a list
-// box with check boxes ticks the row under its cursor, and a letter typed into
-// a list box moves it to the next row that starts with that letter.
+// access keys and the list boxes' keys themselves, as they do for every
+// front end.
 #pragma once
 
 #include <cstdint>

@@ -1,89 +1,9 @@
-// Cells, captions, wrapping, and message boxes laid out as rows.
+// Captions, wrapping, and message boxes laid out as rows.
 #include "tui/layout.hpp"
 
 #include <algorithm>
 
 namespace tui {
-namespace {
-
-// Control characters would move the terminal's cursor; each shows as one
-// middle dot instead, so columns still match positions in the text.
-char16_t Printable(char16_t c) { return c < 0x20 || c == 0x7F ? u'\u00B7' : c; }
-
-}  // namespace
-
-// ------------------------------------------------------ cells and captions
-
-Canvas::Canvas(int rows, int columns)
-    : rows_(std::max(rows, 0)),
-      columns_(std::max(columns, 0)),
-      cells_(static_cast<std::size_t>(rows_ * columns_)) {}
-
-void Canvas::Put(int row, int column, vb::TextView text, unsigned attrs, int limit) {
-  if (row < 0 || row >= rows_) return;
-  const int n = std::min(static_cast<int>(text.size()), limit);
-  for (int i = 0; i < n; ++i) {
-    const int x = column + i;
-    if (x >= 0 && x < columns_)
-      cells_[static_cast<std::size_t>(row * columns_ + x)] = {
-          Printable(text[static_cast<std::size_t>(i)]), attrs};
-  }
-}
-
-void Canvas::Put(int row, int column, const std::vector<Span>& spans, unsigned extra, int limit) {
-  for (const Span& s : spans) {
-    if (limit <= 0) return;
-    Put(row, column, s.text, s.attrs | extra, limit);
-    column += static_cast<int>(s.text.size());
-    limit -= static_cast<int>(s.text.size());
-  }
-}
-
-void Canvas::Draw(int row, int column, const Canvas& from, int first, int count) {
-  for (int y = 0; y < count && first + y < from.rows_; ++y) {
-    for (int x = 0; x < from.columns_; ++x) {
-      const int to_y = row + y;
-      const int to_x = column + x;
-      if (to_y < 0 || to_y >= rows_ || to_x < 0 || to_x >= columns_ || first + y < 0) continue;
-      cells_[static_cast<std::size_t>(to_y * columns_ + to_x)] =
-          from.cells_[static_cast<std::size_t>((first + y) * from.columns_ + x)];
-    }
-  }
-}
-
-Row Canvas::RowAt(int row) const {
-  Row out;
-  for (int x = 0; x < columns_; ++x) {
-    const Cell& cell = cells_[static_cast<std::size_t>(row * columns_ + x)];
-    if (out.spans.empty() || out.spans.back().attrs != cell.attrs)
-      out.spans.push_back({u"", cell.attrs});
-    out.spans.back().text.push_back(cell.ch);
-  }
-  return out;
-}
-
-vb::Text Canvas::Text() const {
-  vb::Text out;
-  for (int y = 0; y < rows_; ++y) {
-    vb::Text line = RowText(RowAt(y));
-    line.erase(line.find_last_not_of(u' ') + 1);
-    out += line + u"\n";
-  }
-  return out;
-}
-
-int Width(const std::vector<Span>& spans) {
-  int n = 0;
-  for (const Span& s : spans) n += static_cast<int>(s.text.size());
-  return n;
-}
-
-vb::Text RowText(const Row& row) {
-  vb::Text text;
-  for (const Span& s : row.spans) text += s.text;
-  return text;
-}
-
 Caption StripMarks(const vb::Text& caption) {
   Caption out;
   for (std::size_t i = 0; i < caption.size(); ++i) {

@@ -93,6 +93,39 @@ int RunCheck(const std::string& path, const std::optional<vbfiles::CodePage>& co
   return 0;
 }
 
+// "No space left on device" for an errno value; 0 is a failure the system
+// gave no reason for.
+std::string Reason(int error) {
+  return error != 0 ? std::error_code(error, std::generic_category()).message()
+                    : "the system gave no reason";
+}
+
+// Closes the trace file and flushes the transcript: 0 when everything
+// written reached them, else 1 with a message naming what could not be
+// written and why. A full disk often shows only here, when the last buffer
+// goes out.
+int FinishOutputs(const session::Trace& trace, std::ofstream& trace_file,
+                  const std::string& trace_path, bool transcript) {
+  int status = 0;
+  auto check = [&status](bool failed, int error_seen, const std::string& what) {
+    if (!failed) return;
+    std::cerr << "tessaly: cannot write " << what << ": "
+              << Reason(error_seen != 0 ? error_seen : errno) << '\n';
+    status = 1;
+  };
+  if (!trace_path.empty()) {
+    errno = 0;
+    trace_file.close();
+    check(trace_file.fail(), trace.TraceError(), "the trace " + trace_path);
+  }
+  if (transcript) {
+    errno = 0;
+    std::cout.flush();
+    check(std::cout.fail(), trace.TranscriptError(), "the transcript (standard output)");
+  }
+  return status;
+}
+
 int RunScript(const std::string& script_path, const std::string& trace_path,
               const std::string& settings_path, bool quiet,
               const std::optional<vbfiles::CodePage>& code_page) {
@@ -117,7 +150,8 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
   if (!trace_path.empty()) {
     trace_file.open(trace_path, std::ios::binary | std::ios::trunc);
     if (!trace_file) {
-      std::cerr << "tessaly: cannot write the trace " << trace_path << '\n';
+      std::cerr << "tessaly: cannot write the trace " << trace_path << ": " << Reason(errno)
+                << '\n';
       return 2;
     }
   }
@@ -133,6 +167,7 @@ int RunScript(const std::string& script_path, const std::string& trace_path,
     UseTessaly(options);
     session::Session session(std::move(options));
     session.Run(lines);
+    if (FinishOutputs(session.GetTrace(), trace_file, trace_path, !quiet) != 0) return 1;
     if (session.SaveFailed()) {
       std::cerr << "tessaly: a save failed; see the failure in the transcript\n";
       return 1;

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "vbfiles/file_lines.hpp"
+#include "vbfiles/frm_file.hpp"
 #include "workbench/project_loader.hpp"
 #include "workbench/project_saver.hpp"
 
@@ -121,6 +122,18 @@ void BM_OpenAndWrite(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * 2 * form.Bytes()));
 }
 BENCHMARK(BM_OpenAndWrite)->Unit(benchmark::kMillisecond);
+
+// The form file alone through its reader and writer (src/vbfiles), without
+// the workbench's model: the part of the above the file library does.
+void BM_FormParseAndWrite(benchmark::State& state) {
+  const std::string bytes = vbfiles::ReadWholeFile(Form().Folder() / "frmBig.frm");
+  for (auto _ : state) {
+    const auto document = vbfiles::FrmDocument::Parse(bytes, u"frmBig.frm");
+    benchmark::DoNotOptimize(document.Write());
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * 2 * bytes.size()));
+}
+BENCHMARK(BM_FormParseAndWrite)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -226,6 +226,9 @@ Json ReadDocument(const fs::path& file) {
     auto [line, column] = LineAndColumn(*bytes, e.byte);
     FailBadFormat(file, "line " + std::to_string(line) + ", column " + std::to_string(column) +
                             ": " + ParseReason(e.what()));
+  } catch (const Json::exception& e) {
+    // A number too large for a double (1e999) is refused with no position.
+    FailBadFormat(file, ParseReason(e.what()));
   }
   CheckShape(file, root);
   return root;

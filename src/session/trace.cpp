@@ -1,5 +1,7 @@
 #include "session/trace.hpp"
 
+#include <cerrno>
+
 #include "forms/control.hpp"
 #include "forms/form.hpp"
 #include "vb/convert.hpp"
@@ -78,15 +80,22 @@ void Trace::Emit(Json event) {
   Json record{{"seq", ++seq_}, {"line", line_}};
   for (auto& [k, v] : event.items()) record[k] = v;
   if (jsonl_) *jsonl_ << record.dump() << '\n';
+  NoteFailure(jsonl_, trace_error_);
   if (transcript_) {
     const std::string text = Render(record);
     if (!text.empty()) *transcript_ << "  " << text << '\n';
   }
+  NoteFailure(transcript_, transcript_error_);
   events_.push_back(std::move(record));
 }
 
 void Trace::Say(const std::string& text) {
   if (transcript_) *transcript_ << text << '\n';
+  NoteFailure(transcript_, transcript_error_);
+}
+
+void Trace::NoteFailure(const std::ostream* stream, int& error) {
+  if (stream != nullptr && stream->fail() && error == 0) error = errno != 0 ? errno : EIO;
 }
 
 namespace {

@@ -39,6 +39,12 @@ class Trace : public forms::Observer, public workbench::IdeObserver {
   const std::vector<Json>& Events() const { return events_; }
   // Writes a free line to the transcript only.
   void Say(const std::string& text);
+  // The system's reason (an errno value) the trace or the transcript first
+  // failed to take a write, 0 while every write went through. The stream
+  // keeps its failed state, so whoever closes it sees the failure; this keeps
+  // the reason, which later calls may overwrite.
+  int TraceError() const { return trace_error_; }
+  int TranscriptError() const { return transcript_error_; }
 
   // forms::Observer
   void FormShown(const forms::Form&) override;
@@ -73,10 +79,14 @@ class Trace : public forms::Observer, public workbench::IdeObserver {
 
  private:
   static std::string Render(const Json& event);
+  // Keeps errno in `error` when `stream` has just failed for the first time.
+  static void NoteFailure(const std::ostream* stream, int& error);
   std::ostream* jsonl_;
   std::ostream* transcript_;
   int line_ = 0;
   long seq_ = 0;
+  int trace_error_ = 0;
+  int transcript_error_ = 0;
   std::vector<Json> events_;
 };
 

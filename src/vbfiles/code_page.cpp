@@ -175,11 +175,26 @@ vb::Text CodePage::Decode(std::string_view bytes) const {
 }
 
 std::string CodePage::Encode(vb::TextView text) const {
-  const Table* found = number_ == 1252 ? nullptr : TableFor(number_);
-  if (found == nullptr) return vb::ToCp1252(text);
-  const Table& table = *found;
   std::string bytes;
-  bytes.reserve(text.size());
+  EncodeTo(text, bytes);
+  return bytes;
+}
+
+void CodePage::EncodeTo(vb::TextView text, std::string& bytes) const {
+  // Most lines of project files are ASCII, the same bytes in every page.
+  if (std::all_of(text.begin(), text.end(), [](char16_t c) { return c < 0x80; })) {
+    const std::size_t at = bytes.size();
+    bytes.resize(at + text.size());
+    std::copy(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+    return;
+  }
+  const Table* found = number_ == 1252 ? nullptr : TableFor(number_);
+  if (found == nullptr) {
+    bytes += vb::ToCp1252(text);
+    return;
+  }
+  const Table& table = *found;
+  bytes.reserve(bytes.size() + text.size());
   for (const char16_t c : text) {
     if (c < 0x80 || IsEscape(c)) {
       bytes.push_back(static_cast<char>(c & 0xFF));
@@ -195,7 +210,6 @@ std::string CodePage::Encode(vb::TextView text) const {
       bytes.push_back(static_cast<char>(it->second));
     }
   }
-  return bytes;
 }
 
 namespace {

@@ -37,6 +37,8 @@ class CodePage {
   int Number() const { return number_; }
   vb::Text Decode(std::string_view bytes) const;
   std::string Encode(vb::TextView text) const;
+  // Encode's bytes appended to `bytes`.
+  void EncodeTo(vb::TextView text, std::string& bytes) const;
   // Whether `byte` begins a two-byte character.
   bool IsLeadByte(unsigned char byte) const;
 

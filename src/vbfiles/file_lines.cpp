@@ -1,5 +1,6 @@
 #include "vbfiles/file_lines.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -12,6 +13,8 @@ namespace vbfiles {
 
 std::vector<SourceLine> SplitLines(std::string_view bytes, const CodePage& code_page) {
   std::vector<SourceLine> lines;
+  // Most files end their lines in LF or CR LF: one LF a line is room enough.
+  lines.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
   std::size_t start = 0;
   while (start < bytes.size()) {
     std::size_t end = start;
@@ -30,7 +33,7 @@ std::vector<SourceLine> SplitLines(std::string_view bytes, const CodePage& code_
 std::string JoinLines(const std::vector<SourceLine>& lines, const CodePage& code_page) {
   std::string out;
   for (const auto& line : lines) {
-    out += code_page.Encode(line.text);
+    code_page.EncodeTo(line.text, out);
     out += line.eol;
   }
   return out;
@@ -71,6 +74,9 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
     throw FileFailure("read", path, {errno, std::generic_category()});
   }
   std::string bytes;
+  // Room for the whole file at once where its size is known.
+  std::error_code ignored;
+  if (const auto size = std::filesystem::file_size(path, ignored); !ignored) bytes.reserve(size);
   char buffer[1 << 16];
   for (std::size_t got; (got = std::fread(buffer, 1, sizeof buffer, in.get())) > 0;) {
     bytes.append(buffer, got);

@@ -199,7 +199,7 @@ class Parser {
       if (vb::SameName(words.first, u"Begin")) return;
       if (words.trimmed.empty() || vb::SameName(words.first, u"VERSION") ||
           vb::SameName(words.first, u"Object")) {
-        header.push_back(lines_[at_]);
+        header.push_back(std::move(lines_[at_]));
         continue;
       }
       RejectStray(words);
@@ -227,7 +227,6 @@ class Parser {
     if (depth >= kMaxDepth) Fail(begin_number, u"blocks nested too deeply");
     const auto words = Words(lines_[at_].text);
     FrmNode node;
-    node.line = lines_[at_];
     node.line_number = begin_number;
     const bool is_group = vb::SameName(words.first, u"BeginProperty");
     vb::TextView rest = words.rest;
@@ -242,11 +241,13 @@ class Parser {
       node.name = NextWord(rest);
       if (node.name.empty()) Fail(begin_number, u"Begin needs a class and a name");
     }
+    // The words above point into the line: it moves into the node after them.
+    node.line = std::move(lines_[at_]);
     ++at_;
     for (; at_ < lines_.size(); ++at_) {
       const auto line_words = Words(lines_[at_].text);
       if (vb::SameName(line_words.trimmed, is_group ? u"EndProperty" : u"End")) {
-        node.end_line = lines_[at_++];
+        node.end_line = std::move(lines_[at_++]);
         return node;
       }
       if (vb::SameName(line_words.trimmed, is_group ? u"End" : u"EndProperty")) {
@@ -256,7 +257,7 @@ class Parser {
       if (line_words.trimmed.empty()) {
         FrmNode blank;
         blank.kind = FrmNode::Kind::Blank;
-        blank.line = lines_[at_];
+        blank.line = std::move(lines_[at_]);
         blank.line_number = at_ + 1;
         node.children.push_back(std::move(blank));
         continue;
@@ -277,7 +278,7 @@ class Parser {
     Fail(begin_number, is_group ? u"BeginProperty without EndProperty" : u"Begin without End");
   }
 
-  FrmNode ReadProperty(vb::TextView trimmed) const {
+  FrmNode ReadProperty(vb::TextView trimmed) {
     const auto equals = trimmed.find(u'=');
     if (equals == vb::TextView::npos) {
       Fail(at_ + 1, u"expected a property line (Name = value), Begin or End");
@@ -286,9 +287,9 @@ class Parser {
     node.kind = FrmNode::Kind::Property;
     node.name = TrimBlanks(trimmed.substr(0, equals));
     node.value = TrimBlanks(trimmed.substr(equals + 1));
-    node.line = lines_[at_];
-    node.line_number = at_ + 1;
     if (node.name.empty()) Fail(at_ + 1, u"property line without a name");
+    node.line = std::move(lines_[at_]);  // `trimmed` points into it: used up above
+    node.line_number = at_ + 1;
     return node;
   }
 
@@ -299,36 +300,70 @@ class Parser {
 
 // ---------------------------------------------------------------- writing
 
-void WriteNode(const FrmNode& node, int depth, const std::string& file_eol,
-               std::vector<SourceLine>& out) {
+// The file's bytes, a line at a time, each with its own end or, where it has
+// none (a line that was last and now is not), the file's; the last line keeps
+// an end exactly when the file had one. Lines are encoded straight into the
+// bytes: no copy of the lines is made.
+class LineWriter {
+ public:
+  LineWriter(const CodePage& code_page, const std::string& file_eol, std::size_t size_hint)
+      : code_page_(code_page), file_eol_(file_eol) {
+    bytes_.reserve(size_hint);
+  }
+  void Add(const SourceLine& line) { Add(line.text, line.eol); }
+  void Add(vb::TextView text, std::string_view eol) {
+    code_page_.EncodeTo(text, bytes_);
+    const std::string_view end = eol.empty() ? std::string_view(file_eol_) : eol;
+    bytes_ += end;
+    last_eol_size_ = end.size();
+  }
+  void AddAll(const std::vector<SourceLine>& lines) {
+    for (const auto& line : lines) Add(line);
+  }
+  std::string Finish(bool ends_with_line_end) {
+    if (!ends_with_line_end) bytes_.resize(bytes_.size() - last_eol_size_);
+    return std::move(bytes_);
+  }
+
+ private:
+  const CodePage& code_page_;
+  const std::string& file_eol_;
+  std::string bytes_;
+  std::size_t last_eol_size_ = 0;
+};
+
+void WriteNode(const FrmNode& node, int depth, const std::string& file_eol, LineWriter& out) {
   const std::string& eol = node.line_end.empty() ? file_eol : node.line_end;
-  const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
-  switch (node.kind) {
-    case FrmNode::Kind::Blank:
-      out.push_back(node.line.value_or(SourceLine{u"", eol}));
-      return;
-    case FrmNode::Kind::Property:
-      out.push_back(
-          node.line.value_or(SourceLine{FormatPropertyLine(depth, node.name, node.value), eol}));
-      return;
-    case FrmNode::Kind::Group:
-    case FrmNode::Kind::Object:
-      break;
-  }
-  const bool is_group = node.kind == FrmNode::Kind::Group;
   if (node.line) {
-    out.push_back(*node.line);
-  } else if (is_group) {
-    // The IDE ends these lines with a blank.
-    out.push_back({indent + u"BeginProperty " + node.name + u" " +
-                       (node.type.empty() ? vb::Text() : node.type + u" "),
-                   eol});
+    out.Add(*node.line);
   } else {
-    out.push_back({indent + u"Begin " + node.type + u" " + node.name + u" ", eol});
+    const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
+    switch (node.kind) {
+      case FrmNode::Kind::Blank:
+        out.Add(u"", eol);
+        break;
+      case FrmNode::Kind::Property:
+        out.Add(FormatPropertyLine(depth, node.name, node.value), eol);
+        break;
+      case FrmNode::Kind::Group:
+        // The IDE ends these lines with a blank.
+        out.Add(indent + u"BeginProperty " + node.name + u" " +
+                    (node.type.empty() ? vb::Text() : node.type + u" "),
+                eol);
+        break;
+      case FrmNode::Kind::Object:
+        out.Add(indent + u"Begin " + node.type + u" " + node.name + u" ", eol);
+        break;
+    }
   }
+  if (node.kind == FrmNode::Kind::Blank || node.kind == FrmNode::Kind::Property) return;
   for (const auto& child : node.children) WriteNode(child, depth + 1, file_eol, out);
-  out.push_back(
-      node.end_line.value_or(SourceLine{indent + (is_group ? u"EndProperty" : u"End"), eol}));
+  if (node.end_line) {
+    out.Add(*node.end_line);
+  } else {
+    const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
+    out.Add(indent + (node.kind == FrmNode::Kind::Group ? u"EndProperty" : u"End"), eol);
+  }
 }
 
 }  // namespace
@@ -337,6 +372,7 @@ FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
                                const CodePage& code_page) {
   auto lines = SplitLines(bytes, code_page);
   FrmDocument document;
+  document.size_read_ = bytes.size();
   document.code_page_ = code_page;
   document.line_end_ = CommonLineEnd(lines);
   document.ends_with_line_end_ = lines.empty() || !lines.back().eol.empty();
@@ -346,17 +382,13 @@ FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
 }
 
 std::string FrmDocument::Write() const {
-  std::vector<SourceLine> out = header_;
+  // Room for the bytes read and a little more: most saves change a few lines.
+  LineWriter out(code_page_, line_end_, size_read_ + size_read_ / 16);
+  out.AddAll(header_);
   WriteNode(form_, 0, line_end_, out);
-  out.insert(out.end(), attributes_.begin(), attributes_.end());
-  out.insert(out.end(), code_.begin(), code_.end());
-  // A line that was last and now is not needs an end; the last line has one
-  // exactly when the file had one.
-  for (auto& line : out) {
-    if (line.eol.empty()) line.eol = line_end_;
-  }
-  if (!out.empty() && !ends_with_line_end_) out.back().eol.clear();
-  return JoinLines(out, code_page_);
+  out.AddAll(attributes_);
+  out.AddAll(code_);
+  return out.Finish(ends_with_line_end_);
 }
 
 std::optional<vb::Text> FrmDocument::Attribute(vb::TextView name) const {

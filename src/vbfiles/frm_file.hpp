@@ -120,6 +120,7 @@ class FrmDocument {
   std::string line_end_ = std::string(kCrLf);
   bool ends_with_line_end_ = true;
   CodePage code_page_;
+  std::size_t size_read_ = 0;  // of the bytes read: room Write makes at once
 };
 
 }  // namespace vbfiles

@@ -3,17 +3,17 @@
 namespace vbfiles {
 
 std::optional<std::uint32_t> FrxFile::ReadCount(std::size_t offset, std::size_t size) const {
-  if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
+  if (offset > Bytes().size() || Bytes().size() - offset < size) return std::nullopt;
   std::uint32_t value = 0;
   for (std::size_t i = size; i-- > 0;) {
-    value = (value << 8) | static_cast<unsigned char>(bytes_[offset + i]);
+    value = (value << 8) | static_cast<unsigned char>(Bytes()[offset + i]);
   }
   return value;
 }
 
 std::optional<std::string> FrxFile::ReadBytes(std::size_t offset, std::size_t size) const {
-  if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
-  return bytes_.substr(offset, size);
+  if (offset > Bytes().size() || Bytes().size() - offset < size) return std::nullopt;
+  return Bytes().substr(offset, size);
 }
 
 std::optional<vb::Text> FrxFile::ReadString(std::uint32_t offset) const {

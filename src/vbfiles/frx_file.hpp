@@ -22,6 +22,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,9 +37,9 @@ class FrxFile {
  public:
   FrxFile() = default;
   explicit FrxFile(std::string bytes, const CodePage& code_page = {})
-      : bytes_(std::move(bytes)), code_page_(code_page) {}
+      : bytes_(std::make_shared<const std::string>(std::move(bytes))), code_page_(code_page) {}
 
-  const std::string& Bytes() const { return bytes_; }
+  const std::string& Bytes() const { return *bytes_; }
   const CodePage& GetCodePage() const { return code_page_; }
 
   // The string at `offset` with a 32-bit count ($"Form1.frx":0000).
@@ -57,7 +58,8 @@ class FrxFile {
   std::optional<std::uint32_t> ReadCount(std::size_t offset, std::size_t size) const;
   std::optional<std::string> ReadBytes(std::size_t offset, std::size_t size) const;
 
-  std::string bytes_;
+  // Never changed once read: copies of the file (of pictures, megabytes) share it.
+  std::shared_ptr<const std::string> bytes_ = std::make_shared<const std::string>();
   CodePage code_page_;
 };
 

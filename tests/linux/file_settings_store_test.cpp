@@ -240,6 +240,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"ColumnsCountCharacters", "{\"é\": x}", "line 1, column 7: "},
         BadFile{"EndInsideAGroup", "{\n  \"Tessaly\": {\n", "line 3, column 1: syntax error"},
         BadFile{"NoUtf8", "{\"a\": \"\xff\"}", "line 1, column 8: "},
+        BadFile{"NumberTooLarge", "{\"\": 8888e888}", "number overflow parsing '8888e888'"},
         BadFile{"ListOnTop", "[]", "the file holds a list where a group of applications belongs"},
         BadFile{"TextForSections", "{\"Tessaly\": \"x\"}",
                 "\"Tessaly\" is text where a group of sections belongs"},

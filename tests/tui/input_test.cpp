@@ -64,20 +64,6 @@ TEST_F(Presses, ALetterInAListMovesToTheNextRowStartingWithIt) {
   EXPECT_EQ(seen, (std::vector<std::int32_t>{0, 2, 0, 1}));
 }
 
-TEST_F(Presses, CharactersGoToTheFocusedTextBoxAndAltToAccessKeys) {
-  Run({Alt(u'o'), Key(forms::Key::Tab), Char(u'h'), Char(u'i'), Char(u' '), Char(u'!')});
-  EXPECT_EQ(form_.Get<forms::CheckBox>("chkOn").Value(), 1);
-  EXPECT_EQ(form_.Get<forms::TextBox>("txtName").Text(), u"hi !");
-}
-
-TEST_F(Presses, TheCloseBoxUnloadsTheForm) {
-  Run({Key(forms::Key::Space), Input::CloseBox(), Key(forms::Key::Space)});
-  EXPECT_FALSE(form_.IsLoaded());
-  // Unloading cleared the list; the press after the close went nowhere.
-  EXPECT_EQ(Ticks().ListCount(), 0);
-  EXPECT_EQ(shown_.frontend.presses.size(), 1U);
-}
-
 struct ChoiceCase {
   const char* name;
   std::int32_t style;

@@ -18,10 +18,10 @@ constexpr forms::ClientSize kClient = {7560, 3600};
 // The family is a text box that takes any name, the list under it filling
 // it, as the Windows font dialog has it: a form keeps the family chosen even
 // when this system has no font of that name.
-constexpr std::array<forms::ControlSpec, 12> kDesign = {{
+constexpr std::array<forms::ControlSpec, 13> kDesign = {{
     S{K::Label, "lblFont", -1, u"&Font:"}.At({120, 240, 3600, 240}),
     S{K::TextBox, "txtFont"}.At({120, 480, 3600, 240}),
-    S{K::ListBox, "lstFont"}.At({120, 720, 3600, 2640}),
+    S{K::ListBox, "lstFont"}.At({120, 720, 3600, 2400}),
     S{K::Label, "lblSize", -1, u"&Size:"}.At({3960, 240, 1200, 240}),
     S{K::TextBox, "txtSize", -1, u"", nullptr, 0, u"", 6}.At({3960, 480, 960, 240}),
     S{K::Frame, "fraEffects", -1, u"Effects"}.At({3960, 960, 2160, 1440}),
@@ -33,6 +33,8 @@ constexpr std::array<forms::ControlSpec, 12> kDesign = {{
         {6240, 480, 1200, 360}),
     S{K::CommandButton, "cmdCancel", -1, u"Cancel", nullptr, 0, u"", 0, forms::kCancel}.At(
         {6240, 960, 1200, 360}),
+    // Which of the system's families shows the one named, when another does.
+    S{K::Label, "lblShown"}.At({120, 3120, 7320, 240}),
 }};
 
 constexpr vb::Single kLargest = 2048.0F;
@@ -41,11 +43,12 @@ std::int16_t Tick(bool on) { return on ? 1 : 0; }
 
 }  // namespace
 
-FontDialog::FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& families,
+FontDialog::FontDialog(forms::Runtime& runtime, forms::FontCatalog& fonts,
                        const forms::FontChoice& given)
     : Form(runtime, "frmFont", u"Font", kDesign, forms::StartUpPosition::CenterScreen, kClient),
-      families_(&families),
+      fonts_(&fonts),
       given_(given) {
+  Get<forms::TextBox>("txtFont").Change = [this](forms::Control&) { ShowDisplayFamily(); };
   Get<forms::CommandButton>("cmdOK").Click = [this](forms::Control&) { cmdOK_Click(); };
   Get<forms::CommandButton>("cmdCancel").Click = [this](forms::Control&) { Hide(); };
   Get<forms::ListBox>("lstFont").Click = [this](forms::Control&) {
@@ -63,7 +66,7 @@ void FontDialog::Form_Load() {
   auto& family_box = Get<forms::TextBox>("txtFont");
   family_box.SetText(given_.name);
   auto& list = Get<forms::ListBox>("lstFont");
-  for (const vb::Text& family : *families_) {
+  for (const vb::Text& family : fonts_->Families()) {
     list.AddItem(family);
     if (list.ListIndex() < 0 && forms::detail::CompareNoCase(family, given_.name) == 0)
       list.SetListIndex(list.NewIndex());
@@ -77,6 +80,15 @@ void FontDialog::Form_Load() {
   Get<forms::CheckBox>("chkItalic").SetValue(Tick(given_.italic));
   Get<forms::CheckBox>("chkUnderline").SetValue(Tick(given_.underline));
   Get<forms::CheckBox>("chkStrikethru").SetValue(Tick(given_.strike_thru));
+}
+
+void FontDialog::ShowDisplayFamily() {
+  const vb::Text& name = Get<forms::TextBox>("txtFont").Text();
+  const vb::Text shown = name.empty() ? name : fonts_->DisplayFamily(name);
+  Get<forms::Label>("lblShown")
+      .SetCaption(shown.empty() || forms::detail::CompareNoCase(shown, name) == 0
+                      ? vb::Text()
+                      : u"Shown here in " + shown + u"; the form keeps " + name + u".");
 }
 
 forms::FontChoice FontDialog::Choice() const {

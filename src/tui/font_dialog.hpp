@@ -12,6 +12,7 @@
 
 #include <vector>
 
+#include "forms/font_catalog.hpp"
 #include "forms/form.hpp"
 #include "forms/frontend.hpp"
 
@@ -19,9 +20,9 @@ namespace tui {
 
 class FontDialog : public forms::Form {
  public:
-  // `runtime` shows the dialog; `families` are what the list offers, sorted.
-  FontDialog(forms::Runtime& runtime, const std::vector<vb::Text>& families,
-             const forms::FontChoice& given);
+  // `runtime` shows the dialog; `fonts` gives the families the list offers
+  // and which system family shows a family the system lacks.
+  FontDialog(forms::Runtime& runtime, forms::FontCatalog& fonts, const forms::FontChoice& given);
   // Whether the user closed the dialog with OK.
   bool Chosen() const { return chosen_; }
   // The font as the dialog shows it now.
@@ -32,7 +33,8 @@ class FontDialog : public forms::Form {
 
  private:
   void cmdOK_Click();
-  const std::vector<vb::Text>* families_;
+  void ShowDisplayFamily();
+  forms::FontCatalog* fonts_;
   forms::FontChoice given_;
   bool chosen_ = false;
 };

@@ -93,7 +93,7 @@ std::int32_t TerminalFrontend::ShowMessageBox(const forms::MessageBox& box) {
 }
 
 bool TerminalFrontend::ShowFont(forms::FontChoice& font) {
-  FontDialog dialog(font_runtime_, fonts_->Families(), font);
+  FontDialog dialog(font_runtime_, *fonts_, font);
   // Shown through the dialog's own runtime, whose front end is this one.
   dialog.Show(1);
   if (!dialog.Chosen()) return false;

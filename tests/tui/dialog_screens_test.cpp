@@ -40,7 +40,7 @@ struct OptionsDialog : Flags, tessaly::frmAddInOptions {
 };
 
 std::vector<Make> AllDialogs() {
-  static const std::vector<vb::Text> families = {u"Arial", u"Courier New", u"MS Sans Serif"};
+  static forms::testing::FixedFonts families({u"Arial", u"Courier New", u"MS Sans Serif"});
   std::vector<Make> all;
   for (int k = 0; k <= static_cast<int>(tessaly::DialogKind::OtherControl); ++k) {
     all.push_back([k](forms::Runtime& rt) -> std::unique_ptr<forms::Form> {

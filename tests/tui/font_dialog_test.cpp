@@ -12,15 +12,21 @@ using testing::Char;
 using testing::Key;
 using testing::Shown;
 
-const std::vector<vb::Text> kFamilies = {u"Arial", u"Courier New", u"DejaVu Sans",
-                                         u"Times New Roman"};
+// Arial shows in another family here, as fontconfig's aliases do it.
+class Fonts : public forms::testing::FixedFonts {
+ public:
+  Fonts() : FixedFonts({u"Arial", u"Courier New", u"DejaVu Sans", u"Times New Roman"}) {}
+  vb::Text DisplayFamily(const vb::Text& family) override {
+    return family == u"Arial" ? u"Liberation Sans" : family;
+  }
+};
 
 class FontDialogTest : public ::testing::Test {
  protected:
   // Shows the dialog on `given`, hands it the presses, and returns the font
   // chosen, or nothing when the dialog was left without OK.
   std::optional<forms::FontChoice> Run(std::vector<Input> presses) {
-    FontDialog dialog(shown_.runtime, kFamilies, given_);
+    FontDialog dialog(shown_.runtime, fonts_, given_);
     shown_.frontend.presses.assign(presses.begin(), presses.end());
     dialog.Show();
     if (!dialog.Chosen()) return std::nullopt;
@@ -28,6 +34,7 @@ class FontDialogTest : public ::testing::Test {
   }
 
   forms::FontChoice given_{u"courier new", 10.0F, true, false, false, false, 1};
+  Fonts fonts_;
   Shown shown_;
 };
 
@@ -60,6 +67,16 @@ TEST_F(FontDialogTest, ListSizeAndTogglesMakeTheChoice) {
   EXPECT_FALSE(font->bold);
   EXPECT_TRUE(font->strike_thru);
   EXPECT_EQ(font->flags, 1);
+}
+
+TEST_F(FontDialogTest, AFamilyShownInAnotherSaysSoAndKeepsItsName) {
+  FontDialog dialog(shown_.runtime, fonts_, {.name = u"Arial"});
+  dialog.Load();
+  EXPECT_EQ(dialog.Get<forms::Label>("lblShown").Caption(),
+            u"Shown here in Liberation Sans; the form keeps Arial.");
+  dialog.Get<forms::TextBox>("txtFont").SetText(u"Courier New");
+  EXPECT_EQ(dialog.Get<forms::Label>("lblShown").Caption(), u"");
+  EXPECT_EQ(dialog.Choice().name, u"Courier New");
 }
 
 TEST_F(FontDialogTest, ABadSizeIsRefusedAndTheDialogStaysOpen) {

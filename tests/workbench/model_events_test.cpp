@@ -47,18 +47,6 @@ TEST_F(ControlEventsTest, NameAndIndexWritesRaiseItemRenamedWithTheOldNameAndInd
            "renamed txtName(0) -> txtName(3)", "sink ItemRenamed Form1.txtName from txtName(0)"}));
 }
 
-TEST_F(ControlEventsTest, SheetValuesAreConvertedAndRefusalsReported) {
-  auto check = form->AddControl(u"CheckBox");
-  log_.clear();
-  form->SetPropertyFromSheet(*check, u"Value", u"2");
-  EXPECT_EQ(FailureOf([&] { form->SetPropertyFromSheet(*check, u"Value", u"7"); }), 380);
-  form->SetPropertyFromSheet(*check, u"Font.Bold", u"True");
-  EXPECT_EQ(log_, (Log{"sheet Check1.Value text:2 ok", "sheet Check1.Value text:7 failed 380",
-                       "font Check1.Bold text:True ok"}));
-  EXPECT_EQ(check->Get(u"Value"), vb::Value(static_cast<vb::Integer>(2)));
-  EXPECT_TRUE(check->GetFont()->Bold());
-}
-
 TEST_F(ControlEventsTest, DeletedControlStillAnswersDuringAndAfterItemRemoved) {
   form->AddControl(u"TextBox");
   sink_.then = [&] { log_.push_back(form->FindControl(u"Text1") ? "on form" : "gone"); };
@@ -130,14 +118,5 @@ TEST_F(ControlEventsTest, DroppedSourceRaisesNothing) {
 }
 
 // The session scripts refuse with the usual number only.
-TEST_F(ControlEventsTest, AnInjectedRefusalFailsWithItsNumber) {
-  auto text = form->AddControl(u"TextBox");
-  ide_->InjectRefusal({.control = u"Text1", .property = u"Text", .description = u"Locked"});
-  project->InjectRefusal(
-      {.control = u"Text1", .property = u"Tag", .description = u"No", .number = 5});
-  EXPECT_EQ(FailureOf([&] { Prop(text, u"Text")->SetValue(u"a"); }), vb::kInvalidPropertyValue);
-  EXPECT_EQ(FailureOf([&] { Prop(text, u"Tag")->SetValue(u"a"); }), 5);
-}
-
 }  // namespace
 }  // namespace workbench::testing

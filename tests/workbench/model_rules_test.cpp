@@ -241,31 +241,6 @@ TEST_F(ArrayTest, OneDefaultButtonPerForm) {
 
 // --- Order and raw text of properties read from a file --------------------
 
-TEST(LoadedPropertiesTest, FileOrderFirstThenTableOrderAndWriteClearsRaw) {
-  ModelFixture f;
-  auto text = f.form->LoadControl(u"VB.TextBox", u"txtName");
-  text->LoadProperty(u"Text", vb::Value(u"hello"), "      Text            =   \"hello\"");
-  text->LoadProperty(u"Height", vb::Value(u"285"), "      Height          =   285");
-  text->LoadProperty(u"OLEDragMode", vb::Value(u"1"), "      OLEDragMode     =   1  'Automatic");
-  text->LoadProperty(u"Text", vb::Value(u"again"), "x");  // loaded twice: keeps its place
-  std::vector<std::string> first;
-  for (std::size_t i = 0; i < 4; ++i) first.push_back(U8(text->Slots()[i].name));
-  EXPECT_EQ(first, (std::vector<std::string>{"Text", "Height", "OLEDragMode", "Name"}));
-  EXPECT_EQ(text->Get(u"Height"), L(285));  // the table's kind, though the file gave text
-  EXPECT_EQ(text->Get(u"OLEDragMode"), vb::Value(u"1"));
-  EXPECT_EQ(text->Get(u"Text"), vb::Value(u"again"));
-
-  text->Properties()->Item(u"height")->SetValue(I(300));
-  const PropertySlot* height = text->FindSlot(u"Height");
-  EXPECT_TRUE(height->raw.empty());
-  EXPECT_TRUE(height->written);
-  EXPECT_EQ(height->value, L(300));
-  EXPECT_EQ(text->FindSlot(u"OLEDragMode")->raw, "      OLEDragMode     =   1  'Automatic");
-  // A property the table lacks keeps the kind it was read with.
-  text->Properties()->Item(u"OLEDragMode")->SetValue(I(0));
-  EXPECT_EQ(text->Get(u"OLEDragMode"), vb::Value(u"0"));
-}
-
 TEST(LoadedPropertiesTest, LoadingRaisesNothing) {
   ModelFixture f;
   auto frame = f.form->LoadControl(u"VB.Frame", u"fraOptions");

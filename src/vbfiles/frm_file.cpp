@@ -376,8 +376,10 @@ FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
   document.code_page_ = code_page;
   document.line_end_ = CommonLineEnd(lines);
   document.ends_with_line_end_ = lines.empty() || !lines.back().eol.empty();
+  std::vector<SourceLine> code;
   Parser(std::move(lines), file_name)
-      .Run(document.header_, document.form_, document.attributes_, document.code_);
+      .Run(document.header_, document.form_, document.attributes_, code);
+  document.code_ = std::make_shared<const std::vector<SourceLine>>(std::move(code));
   return document;
 }
 
@@ -387,7 +389,7 @@ std::string FrmDocument::Write() const {
   out.AddAll(header_);
   WriteNode(form_, 0, line_end_, out);
   out.AddAll(attributes_);
-  out.AddAll(code_);
+  out.AddAll(*code_);
   return out.Finish(ends_with_line_end_);
 }
 
@@ -422,44 +424,45 @@ void FrmDocument::SetAttribute(vb::TextView name, const vb::Text& value_text) {
 
 std::vector<vb::Text> FrmDocument::CodeLines() const {
   std::vector<vb::Text> lines;
-  lines.reserve(code_.size());
-  for (const auto& line : code_) lines.push_back(line.text);
+  lines.reserve(code_->size());
+  for (const auto& line : *code_) lines.push_back(line.text);
   return lines;
 }
 
 void FrmDocument::SetCodeLines(const std::vector<vb::Text>& lines) {
+  const std::vector<SourceLine>& old = *code_;
   // Lines before and after the edited stretch keep their own ends; the
   // stretch gets the file's.
   std::size_t same_start = 0;
-  while (same_start < lines.size() && same_start < code_.size() &&
-         lines[same_start] == code_[same_start].text) {
+  while (same_start < lines.size() && same_start < old.size() &&
+         lines[same_start] == old[same_start].text) {
     ++same_start;
   }
+  if (same_start == lines.size() && same_start == old.size()) return;
   std::size_t same_end = 0;
-  while (same_end < lines.size() - same_start && same_end < code_.size() - same_start &&
-         lines[lines.size() - 1 - same_end] == code_[code_.size() - 1 - same_end].text) {
+  while (same_end < lines.size() - same_start && same_end < old.size() - same_start &&
+         lines[lines.size() - 1 - same_end] == old[old.size() - 1 - same_end].text) {
     ++same_end;
   }
-  std::vector<SourceLine> code(code_.begin(),
-                               code_.begin() + static_cast<std::ptrdiff_t>(same_start));
+  std::vector<SourceLine> code(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(same_start));
   // Inside the stretch, a line that was there before (in the same order,
   // looked for a short way ahead to stay linear) keeps its end too.
   constexpr std::size_t kLookAhead = 64;
   std::size_t old_at = same_start;
-  const std::size_t old_end = code_.size() - same_end;
+  const std::size_t old_end = old.size() - same_end;
   for (std::size_t i = same_start; i < lines.size() - same_end; ++i) {
     std::string eol = line_end_;
     for (std::size_t k = old_at; k < old_end && k < old_at + kLookAhead; ++k) {
-      if (code_[k].text == lines[i]) {
-        eol = code_[k].eol;
+      if (old[k].text == lines[i]) {
+        eol = old[k].eol;
         old_at = k + 1;
         break;
       }
     }
     code.push_back({lines[i], eol});
   }
-  code.insert(code.end(), code_.end() - static_cast<std::ptrdiff_t>(same_end), code_.end());
-  code_ = std::move(code);
+  code.insert(code.end(), old.end() - static_cast<std::ptrdiff_t>(same_end), old.end());
+  code_ = std::make_shared<const std::vector<SourceLine>>(std::move(code));
 }
 
 }  // namespace vbfiles

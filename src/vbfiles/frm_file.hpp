@@ -12,7 +12,8 @@
 // read from, whatever the line ends were (CR LF, LF alone, a lone CR, each line
 // its own) and whether or not the last line had an end. A node keeps the line
 // it was read from until it is changed; a changed or new node is written as the
-// IDE writes it, with the line end most of the file uses.
+// IDE writes it, with the line end most of the file uses. Copies of a
+// document share its code section until one of them changes it.
 //
 // Parse fails with "Invalid file format" (321) naming the file and line for a
 // file the IDE would not load: a Begin without End, an End without Begin, a
@@ -20,6 +21,7 @@
 // property nor a block keyword, a file without a form block.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -116,7 +118,9 @@ class FrmDocument {
   std::vector<SourceLine> header_;
   FrmNode form_;
   std::vector<SourceLine> attributes_;
-  std::vector<SourceLine> code_;
+  // Never changed once set: copies of the document (thousands of lines) share it.
+  std::shared_ptr<const std::vector<SourceLine>> code_ =
+      std::make_shared<const std::vector<SourceLine>>();
   std::string line_end_ = std::string(kCrLf);
   bool ends_with_line_end_ = true;
   CodePage code_page_;

@@ -16,6 +16,7 @@
 #include "vbfiles/project_backup.hpp"
 #include "vbfiles/project_files.hpp"
 #include "workbench/class_rules.hpp"
+#include "workbench/project_loader.hpp"
 
 namespace workbench {
 
@@ -108,11 +109,27 @@ FrmNode FontGroup(const Font& font, vb::Text type) {
 
 // ------------------------------------------------- blocks from the model
 
+// The block's own lines; its children are the caller's to fill.
+FrmNode BlockLines(const FrmNode& original) {
+  FrmNode node;
+  node.kind = original.kind;
+  node.name = original.name;
+  node.type = original.type;
+  node.line = original.line;
+  node.line_end = original.line_end;
+  node.end_line = original.end_line;
+  node.line_number = original.line_number;
+  return node;
+}
+
 FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::FormFile& file) {
-  FrmNode node = original != nullptr ? *original : FrmNode::Object(vb::Text(block.type), {});
-  if (node.name != block.name || node.type != block.type) {
+  static const std::vector<FrmNode> kNone;
+  FrmNode node =
+      original != nullptr ? BlockLines(*original) : FrmNode::Object(vb::Text(block.type), {});
+  const std::vector<FrmNode>& read = original != nullptr ? original->children : kNone;
+  // Only a rename rewrites the Begin line; the class stays as the file spells it.
+  if (node.name != block.name) {
     node.name = block.name;
-    node.type = block.type;
     if (node.line) node.line_end = node.line->eol;
     node.line.reset();
   }
@@ -123,8 +140,9 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
   };
   std::vector<bool> done(slots.size());
   bool font_done = false;
-  std::vector<FrmNode> children;
-  for (const auto& child : node.children) {
+  std::vector<FrmNode>& children = node.children;
+  children.reserve(read.size());
+  for (const auto& child : read) {
     if (child.kind == FrmNode::Kind::Group && block.font != nullptr &&
         vb::SameName(child.name, u"Font")) {
       font_done = true;
@@ -162,7 +180,6 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
   if (block.font != nullptr && !font_done && !(*block.font == Font())) {
     vbfiles::InsertInIdeOrder(children, FontGroup(*block.font, {}));
   }
-  node.children = std::move(children);
   return node;
 }
 
@@ -183,7 +200,7 @@ void PlaceControls(FrmNode& node, const Control* container, const ControlsByCont
   std::vector<bool> placed(inside.size());
   std::unordered_map<std::size_t, std::size_t> by_line;  // line read from -> index
   for (std::size_t i = 0; i < inside.size(); ++i) {
-    const auto* kept = std::any_cast<FrmNode>(&inside[i]->FileData());
+    const auto* kept = KeptFileData<FrmNode>(inside[i]->FileData());
     if (kept != nullptr) by_line.emplace(kept->line_number, i);
   }
   std::vector<FrmNode> children;
@@ -207,7 +224,7 @@ void PlaceControls(FrmNode& node, const Control* container, const ControlsByCont
 
 FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
                      vbfiles::FormFile& file) {
-  const auto* kept = std::any_cast<FrmNode>(&control.FileData());
+  const auto* kept = KeptFileData<FrmNode>(control.FileData());
   const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
                          control.GetFont(),   false,          kept == nullptr};
   FrmNode node = BuildBlock(kept, block, file);
@@ -265,7 +282,7 @@ struct SaveSet {
 
 SaveSet BuildSaveSet(const Project& project) {
   SaveSet set;
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   std::optional<vb::Text> startup;
   if (!project.Forms().empty()) startup = project.Forms().front()->FormName();
   vbfiles::VbpFile vbp =
@@ -273,7 +290,7 @@ SaveSet BuildSaveSet(const Project& project) {
   set.vbp_name =
       data != nullptr ? data->vbp_path.filename().string() : vb::ToUtf8(project.Name()) + ".vbp";
   for (const auto& form : project.Forms()) {
-    const auto* form_data = std::any_cast<vbfiles::FormFile>(&form->FileData());
+    const auto* form_data = KeptFileData<vbfiles::FormFile>(form->FileData());
     vbfiles::FormFile working =
         form_data != nullptr ? *form_data : vbfiles::FormFile::New(form->FormName());
     if (form_data == nullptr) {
@@ -290,8 +307,9 @@ SaveSet BuildSaveSet(const Project& project) {
   if (data != nullptr) {
     for (const auto& [relative, bytes] : data->other_files) set.files[relative] = bytes;
   }
-  // The project file keeps its own spelling of an unchanged name.
-  if (vbp.ProjectName() != project.Name()) {
+  // The project file keeps its own spelling of an unchanged name, and its
+  // absence: a project without Name= is named for its file.
+  if ((data != nullptr ? data->Name() : vbp.ProjectName()) != project.Name()) {
     vbp.Set(u"Name", vbfiles::QuoteFrmString(project.Name()));
   }
   set.files[set.vbp_name] = vbp.Write();
@@ -311,7 +329,7 @@ SaveResult Save(const Project& project, const std::filesystem::path& vbp_path, b
   const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
   set.files.erase(set.vbp_name);
   // Over the files it was read from, a file is compared with what was read.
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   std::error_code error;
   const bool same_place =
       data != nullptr && std::filesystem::equivalent(data->vbp_path, vbp_path, error);
@@ -339,7 +357,7 @@ SaveResult Save(const Project& project, const std::filesystem::path& vbp_path, b
 }  // namespace
 
 SaveResult SaveProject(const Project& project) {
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   if (data == nullptr) {
     throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
                                                project.Name() + u" has no project file yet");

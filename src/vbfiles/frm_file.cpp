@@ -156,14 +156,31 @@ int CompareNames(vb::TextView a, vb::TextView b) {
 
 }  // namespace
 
-void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node) {
-  const auto blocks = std::find_if(nodes.begin(), nodes.end(), [](const FrmNode& other) {
-    return other.kind == FrmNode::Kind::Object;
+namespace {
+
+const FrmNode& AsNode(const FrmNode& node) { return node; }
+const FrmNode& AsNode(const FrmNode* node) { return *node; }
+
+template <typename Entry>
+void InsertIdeOrdered(std::vector<Entry>& nodes, Entry node) {
+  const auto blocks = std::find_if(nodes.begin(), nodes.end(), [](const Entry& other) {
+    return AsNode(other).kind == FrmNode::Kind::Object;
   });
-  const auto at = std::find_if(nodes.begin(), blocks, [&](const FrmNode& other) {
-    return other.kind != FrmNode::Kind::Blank && CompareNames(other.name, node.name) > 0;
+  const auto at = std::find_if(nodes.begin(), blocks, [&](const Entry& other) {
+    return AsNode(other).kind != FrmNode::Kind::Blank &&
+           CompareNames(AsNode(other).name, AsNode(node).name) > 0;
   });
   nodes.insert(at, std::move(node));
+}
+
+}  // namespace
+
+void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node) {
+  InsertIdeOrdered(nodes, std::move(node));
+}
+
+void InsertInIdeOrder(std::vector<const FrmNode*>& nodes, const FrmNode* node) {
+  InsertIdeOrdered(nodes, node);
 }
 
 // ---------------------------------------------------------------- parsing
@@ -300,72 +317,6 @@ class Parser {
 
 // ---------------------------------------------------------------- writing
 
-// The file's bytes, a line at a time, each with its own end or, where it has
-// none (a line that was last and now is not), the file's; the last line keeps
-// an end exactly when the file had one. Lines are encoded straight into the
-// bytes: no copy of the lines is made.
-class LineWriter {
- public:
-  LineWriter(const CodePage& code_page, const std::string& file_eol, std::size_t size_hint)
-      : code_page_(code_page), file_eol_(file_eol) {
-    bytes_.reserve(size_hint);
-  }
-  void Add(const SourceLine& line) { Add(line.text, line.eol); }
-  void Add(vb::TextView text, std::string_view eol) {
-    code_page_.EncodeTo(text, bytes_);
-    const std::string_view end = eol.empty() ? std::string_view(file_eol_) : eol;
-    bytes_ += end;
-    last_eol_size_ = end.size();
-  }
-  void AddAll(const std::vector<SourceLine>& lines) {
-    for (const auto& line : lines) Add(line);
-  }
-  std::string Finish(bool ends_with_line_end) {
-    if (!ends_with_line_end) bytes_.resize(bytes_.size() - last_eol_size_);
-    return std::move(bytes_);
-  }
-
- private:
-  const CodePage& code_page_;
-  const std::string& file_eol_;
-  std::string bytes_;
-  std::size_t last_eol_size_ = 0;
-};
-
-void WriteNode(const FrmNode& node, int depth, const std::string& file_eol, LineWriter& out) {
-  const std::string& eol = node.line_end.empty() ? file_eol : node.line_end;
-  if (node.line) {
-    out.Add(*node.line);
-  } else {
-    const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
-    switch (node.kind) {
-      case FrmNode::Kind::Blank:
-        out.Add(u"", eol);
-        break;
-      case FrmNode::Kind::Property:
-        out.Add(FormatPropertyLine(depth, node.name, node.value), eol);
-        break;
-      case FrmNode::Kind::Group:
-        // The IDE ends these lines with a blank.
-        out.Add(indent + u"BeginProperty " + node.name + u" " +
-                    (node.type.empty() ? vb::Text() : node.type + u" "),
-                eol);
-        break;
-      case FrmNode::Kind::Object:
-        out.Add(indent + u"Begin " + node.type + u" " + node.name + u" ", eol);
-        break;
-    }
-  }
-  if (node.kind == FrmNode::Kind::Blank || node.kind == FrmNode::Kind::Property) return;
-  for (const auto& child : node.children) WriteNode(child, depth + 1, file_eol, out);
-  if (node.end_line) {
-    out.Add(*node.end_line);
-  } else {
-    const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
-    out.Add(indent + (node.kind == FrmNode::Kind::Group ? u"EndProperty" : u"End"), eol);
-  }
-}
-
 }  // namespace
 
 FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
@@ -376,19 +327,74 @@ FrmDocument FrmDocument::Parse(std::string_view bytes, vb::TextView file_name,
   document.code_page_ = code_page;
   document.line_end_ = CommonLineEnd(lines);
   document.ends_with_line_end_ = lines.empty() || !lines.back().eol.empty();
+  std::vector<SourceLine> code;
   Parser(std::move(lines), file_name)
-      .Run(document.header_, document.form_, document.attributes_, document.code_);
+      .Run(document.header_, document.form_, document.attributes_, code);
+  document.code_ = std::make_shared<const std::vector<SourceLine>>(std::move(code));
   return document;
 }
 
 std::string FrmDocument::Write() const {
+  FrmWriter out(*this);
+  out.Add(form_, 0);
+  return out.Finish();
+}
+
+// The file's bytes, a line at a time, each with its own end or, where it has
+// none (a line that was last and now is not), the file's; the last line keeps
+// an end exactly when the file had one. Lines are encoded straight into the
+// bytes: no copy of the lines is made.
+FrmWriter::FrmWriter(const FrmDocument& document) : document_(document) {
   // Room for the bytes read and a little more: most saves change a few lines.
-  LineWriter out(code_page_, line_end_, size_read_ + size_read_ / 16);
-  out.AddAll(header_);
-  WriteNode(form_, 0, line_end_, out);
-  out.AddAll(attributes_);
-  out.AddAll(code_);
-  return out.Finish(ends_with_line_end_);
+  bytes_.reserve(document.size_read_ + document.size_read_ / 16);
+  for (const auto& line : document.header_) Line(line.text, line.eol);
+}
+
+void FrmWriter::Line(vb::TextView text, std::string_view eol) {
+  document_.code_page_.EncodeTo(text, bytes_);
+  const std::string_view end = eol.empty() ? std::string_view(document_.line_end_) : eol;
+  bytes_ += end;
+  last_eol_size_ = end.size();
+}
+
+void FrmWriter::Begin(const FrmNode& node, int depth) {
+  const std::string& eol = node.line_end.empty() ? document_.line_end_ : node.line_end;
+  if (node.line) return Line(node.line->text, node.line->eol);
+  const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
+  switch (node.kind) {
+    case FrmNode::Kind::Blank:
+      return Line(u"", eol);
+    case FrmNode::Kind::Property:
+      return Line(FormatPropertyLine(depth, node.name, node.value), eol);
+    case FrmNode::Kind::Group:
+      // The IDE ends these lines with a blank.
+      return Line(indent + u"BeginProperty " + node.name + u" " +
+                      (node.type.empty() ? vb::Text() : node.type + u" "),
+                  eol);
+    case FrmNode::Kind::Object:
+      return Line(indent + u"Begin " + node.type + u" " + node.name + u" ", eol);
+  }
+}
+
+void FrmWriter::End(const FrmNode& node, int depth) {
+  if (node.end_line) return Line(node.end_line->text, node.end_line->eol);
+  const vb::Text indent(static_cast<std::size_t>(Indent(depth)), u' ');
+  Line(indent + (node.kind == FrmNode::Kind::Group ? u"EndProperty" : u"End"),
+       node.line_end.empty() ? document_.line_end_ : node.line_end);
+}
+
+void FrmWriter::Add(const FrmNode& node, int depth) {
+  Begin(node, depth);
+  if (node.kind == FrmNode::Kind::Blank || node.kind == FrmNode::Kind::Property) return;
+  for (const auto& child : node.children) Add(child, depth + 1);
+  End(node, depth);
+}
+
+std::string FrmWriter::Finish() {
+  for (const auto& line : document_.attributes_) Line(line.text, line.eol);
+  for (const auto& line : *document_.code_) Line(line.text, line.eol);
+  if (!document_.ends_with_line_end_) bytes_.resize(bytes_.size() - last_eol_size_);
+  return std::move(bytes_);
 }
 
 std::optional<vb::Text> FrmDocument::Attribute(vb::TextView name) const {
@@ -422,44 +428,45 @@ void FrmDocument::SetAttribute(vb::TextView name, const vb::Text& value_text) {
 
 std::vector<vb::Text> FrmDocument::CodeLines() const {
   std::vector<vb::Text> lines;
-  lines.reserve(code_.size());
-  for (const auto& line : code_) lines.push_back(line.text);
+  lines.reserve(code_->size());
+  for (const auto& line : *code_) lines.push_back(line.text);
   return lines;
 }
 
 void FrmDocument::SetCodeLines(const std::vector<vb::Text>& lines) {
+  const std::vector<SourceLine>& old = *code_;
   // Lines before and after the edited stretch keep their own ends; the
   // stretch gets the file's.
   std::size_t same_start = 0;
-  while (same_start < lines.size() && same_start < code_.size() &&
-         lines[same_start] == code_[same_start].text) {
+  while (same_start < lines.size() && same_start < old.size() &&
+         lines[same_start] == old[same_start].text) {
     ++same_start;
   }
+  if (same_start == lines.size() && same_start == old.size()) return;
   std::size_t same_end = 0;
-  while (same_end < lines.size() - same_start && same_end < code_.size() - same_start &&
-         lines[lines.size() - 1 - same_end] == code_[code_.size() - 1 - same_end].text) {
+  while (same_end < lines.size() - same_start && same_end < old.size() - same_start &&
+         lines[lines.size() - 1 - same_end] == old[old.size() - 1 - same_end].text) {
     ++same_end;
   }
-  std::vector<SourceLine> code(code_.begin(),
-                               code_.begin() + static_cast<std::ptrdiff_t>(same_start));
+  std::vector<SourceLine> code(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(same_start));
   // Inside the stretch, a line that was there before (in the same order,
   // looked for a short way ahead to stay linear) keeps its end too.
   constexpr std::size_t kLookAhead = 64;
   std::size_t old_at = same_start;
-  const std::size_t old_end = code_.size() - same_end;
+  const std::size_t old_end = old.size() - same_end;
   for (std::size_t i = same_start; i < lines.size() - same_end; ++i) {
     std::string eol = line_end_;
     for (std::size_t k = old_at; k < old_end && k < old_at + kLookAhead; ++k) {
-      if (code_[k].text == lines[i]) {
-        eol = code_[k].eol;
+      if (old[k].text == lines[i]) {
+        eol = old[k].eol;
         old_at = k + 1;
         break;
       }
     }
     code.push_back({lines[i], eol});
   }
-  code.insert(code.end(), code_.end() - static_cast<std::ptrdiff_t>(same_end), code_.end());
-  code_ = std::move(code);
+  code.insert(code.end(), old.end() - static_cast<std::ptrdiff_t>(same_end), old.end());
+  code_ = std::make_shared<const std::vector<SourceLine>>(std::move(code));
 }
 
 }  // namespace vbfiles

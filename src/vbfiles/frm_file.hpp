@@ -12,7 +12,8 @@
 // read from, whatever the line ends were (CR LF, LF alone, a lone CR, each line
 // its own) and whether or not the last line had an end. A node keeps the line
 // it was read from until it is changed; a changed or new node is written as the
-// IDE writes it, with the line end most of the file uses.
+// IDE writes it, with the line end most of the file uses. Copies of a
+// document share its code section until one of them changes it.
 //
 // Parse fails with "Invalid file format" (321) naming the file and line for a
 // file the IDE would not load: a Begin without End, an End without Begin, a
@@ -20,6 +21,7 @@
 // property nor a block keyword, a file without a form block.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -77,6 +79,10 @@ struct FrmNode {
 // the controls' blocks after them, so the node goes before the first entry
 // that sorts after it, and before the first control's block.
 void InsertInIdeOrder(std::vector<FrmNode>& nodes, FrmNode node);
+// The same among nodes held elsewhere.
+void InsertInIdeOrder(std::vector<const FrmNode*>& nodes, const FrmNode* node);
+
+class FrmWriter;
 
 class FrmDocument {
  public:
@@ -116,11 +122,40 @@ class FrmDocument {
   std::vector<SourceLine> header_;
   FrmNode form_;
   std::vector<SourceLine> attributes_;
-  std::vector<SourceLine> code_;
+  // Never changed once set: copies of the document (thousands of lines) share it.
+  std::shared_ptr<const std::vector<SourceLine>> code_ =
+      std::make_shared<const std::vector<SourceLine>>();
   std::string line_end_ = std::string(kCrLf);
   bool ends_with_line_end_ = true;
   CodePage code_page_;
   std::size_t size_read_ = 0;  // of the bytes read: room Write makes at once
+
+  friend class FrmWriter;
+};
+
+// Writes a document whose form block comes a piece at a time, for a caller
+// that has the block in pieces rather than as one tree (the workbench's
+// saver points at the lines it kept instead of copying them). Write() is
+// FrmWriter(document), Add(Form(), 0), Finish(). Depth 0 is the form block.
+class FrmWriter {
+ public:
+  // Writes the header lines; the document must outlive the writer.
+  explicit FrmWriter(const FrmDocument& document);
+  // `node` with everything inside it.
+  void Add(const FrmNode& node, int depth);
+  // A block's (or group's) Begin line alone, and its End line: what is inside
+  // it goes between.
+  void Begin(const FrmNode& node, int depth);
+  void End(const FrmNode& node, int depth);
+  // Writes the Attribute lines and the code section; the file's bytes.
+  std::string Finish();
+
+ private:
+  void Line(vb::TextView text, std::string_view eol);
+
+  const FrmDocument& document_;
+  std::string bytes_;
+  std::size_t last_eol_size_ = 0;
 };
 
 }  // namespace vbfiles

@@ -155,12 +155,10 @@ vb::Text FormFile::StoreString(const vb::Text& text) {
   for (std::size_t i = 0; i < 4; ++i) blob[i] = static_cast<char>((bytes.size() >> (8 * i)) & 0xFF);
   blob += bytes;
   if (!frx) frx = FrxFile({}, document.GetCodePage());
-  std::string all = frx->Bytes();
-  auto offset = all.find(blob);
+  auto offset = frx->Bytes().find(blob);
   if (offset == std::string::npos) {
-    offset = all.size();
-    all += blob;
-    frx = FrxFile(std::move(all), document.GetCodePage());
+    offset = frx->Bytes().size();
+    frx = FrxFile(frx->Bytes() + blob, document.GetCodePage());
   }
   const auto file = vb::FromUtf8(fs::path(frx_relative_path).filename().string());
   return FormatFrxReference({file, static_cast<std::uint32_t>(offset), true});

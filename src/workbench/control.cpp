@@ -302,17 +302,20 @@ void LoadSlot(std::vector<PropertySlot>& slots, std::size_t& loaded_count, Font*
               vb::TextView name, vb::Value value, std::string raw) {
   auto it = std::find_if(slots.begin(), slots.end(),
                          [&](const PropertySlot& slot) { return vb::SameName(slot.name, name); });
-  const auto position = static_cast<std::size_t>(it - slots.begin());
-  PropertySlot incoming;
-  incoming.name = vb::Text(name);
+  auto position = static_cast<std::size_t>(it - slots.begin());
   // A property loaded twice keeps its first place; any other moves to just
   // after the ones loaded so far.
-  const bool in_place = it != slots.end() && position < loaded_count;
-  if (it != slots.end() && !in_place) {
-    incoming = std::move(*it);
-    slots.erase(it);
+  const auto after_loaded = slots.begin() + static_cast<std::ptrdiff_t>(loaded_count);
+  if (it == slots.end()) {
+    PropertySlot added;
+    added.name = vb::Text(name);
+    slots.insert(after_loaded, std::move(added));
+    position = loaded_count++;
+  } else if (position >= loaded_count) {
+    std::rotate(after_loaded, it, it + 1);
+    position = loaded_count++;
   }
-  PropertySlot& slot = in_place ? slots[position] : incoming;
+  PropertySlot& slot = slots[position];
   if (slot.rule && slot.rule->type == PropertyType::Font) {
     if (font && value.Is(vb::Kind::Text) && !value.AsText().empty()) font->SetName(value.AsText());
   } else if (slot.rule) {
@@ -329,9 +332,6 @@ void LoadSlot(std::vector<PropertySlot>& slots, std::size_t& loaded_count, Font*
   slot.raw = std::move(raw);
   slot.from_file = true;
   slot.written = false;
-  if (in_place) return;
-  slots.insert(slots.begin() + static_cast<std::ptrdiff_t>(loaded_count), std::move(incoming));
-  ++loaded_count;
 }
 
 }  // namespace workbench

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "vb/convert.hpp"
 #include "vbfiles/frm_value.hpp"
@@ -21,17 +22,15 @@ namespace {
 
 // ------------------------------------------------- what the model keeps
 
-// The controls' blocks inside a block become places: each keeps only its
-// line number, which the saver matches to the control read from it, so that
-// every line stays where it was, also a property after a control's block.
-void StripObjects(FrmNode& node) {
-  for (auto& child : node.children) {
-    if (child.kind != FrmNode::Kind::Object) continue;
-    FrmNode place;
-    place.kind = FrmNode::Kind::Object;
-    place.line_number = child.line_number;
-    child = std::move(place);
-  }
+// A control's block, once loaded, becomes its place in the block around it:
+// an Object node holding only its line number, which the saver matches to the
+// control read from it, so that every line stays where it was, also a
+// property after a control's block. The block itself goes to the control.
+FrmNode TakeBlock(FrmNode& node) {
+  FrmNode place;
+  place.kind = FrmNode::Kind::Object;
+  place.line_number = node.line_number;
+  return std::exchange(node, std::move(place));
 }
 
 // The model's opaque `raw` of a property: the bytes of its line.
@@ -159,10 +158,10 @@ void EmptyNameDefaults(const std::vector<PropertySlot>& slots, Load load) {
   for (const auto& name : names) load(name);
 }
 
-void LoadControlBlock(FormComponent& form, const FrmNode& node,
-                      const std::shared_ptr<Control>& container, const FormSource& source) {
+void LoadControlBlock(FormComponent& form, FrmNode& node, const std::shared_ptr<Control>& container,
+                      const FormSource& source) {
   auto control = form.LoadControl(node.type, node.name, container);
-  for (const auto& child : node.children) {
+  for (auto& child : node.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
         control->LoadProperty(child.name,
@@ -184,9 +183,7 @@ void LoadControlBlock(FormComponent& form, const FrmNode& node,
   EmptyNameDefaults(control->Slots(), [&](const vb::Text& name) {
     control->LoadProperty(name, vb::Value(vb::Text()), {});
   });
-  FrmNode kept = node;
-  StripObjects(kept);
-  control->FileData() = std::move(kept);
+  control->FileData() = std::make_shared<const FrmNode>(TakeBlock(node));
 }
 
 void LoadFormFile(Project& project, vbfiles::FormFile file) {
@@ -195,7 +192,7 @@ void LoadFormFile(Project& project, vbfiles::FormFile file) {
   auto module = std::make_shared<CodeModule>(block.name, file.document.CodeLines());
   auto form = project.LoadForm(block.name, module);
   const auto rules = FormClass();
-  for (const auto& child : block.children) {
+  for (auto& child : block.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
         form->LoadFormProperty(child.name, ValueFromFile(rules->Find(child.name), child, source),
@@ -214,8 +211,7 @@ void LoadFormFile(Project& project, vbfiles::FormFile file) {
   EmptyNameDefaults(form->FormSlots(), [&](const vb::Text& name) {
     form->LoadFormProperty(name, vb::Value(vb::Text()), {});
   });
-  StripObjects(block);
-  form->FileData() = std::move(file);
+  form->FileData() = std::make_shared<const vbfiles::FormFile>(std::move(file));
 }
 
 }  // namespace
@@ -226,7 +222,7 @@ std::shared_ptr<Project> OpenProject(const std::filesystem::path& vbp_path,
   auto project = Project::Create(files.Name());
   for (auto& form : files.forms) LoadFormFile(*project, std::move(form));
   files.forms.clear();
-  project->FileData() = std::move(files);
+  project->FileData() = std::make_shared<const vbfiles::ProjectFiles>(std::move(files));
   return project;
 }
 

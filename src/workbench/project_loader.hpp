@@ -11,12 +11,15 @@
 // vbfiles::ProjectFiles (less the forms), each form its vbfiles::FormFile
 // (the form block with each control's block reduced to its place: an Object
 // node holding only its line number), each control read from the file its
-// vbfiles::FrmNode (its block, the blocks inside it reduced to places).
+// vbfiles::FrmNode (its block, the blocks inside it reduced to places). Each
+// is held as a std::shared_ptr<const T>, never changed, so that copies of the
+// model (undo's snapshots) share it; KeptFileData reads it.
 //
 // Failures: a file that is missing or unreadable fails with 53 or 75 naming
 // it; a malformed file fails with 321 naming the file and the line.
 #pragma once
 
+#include <any>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -26,6 +29,14 @@
 #include "workbench/project.hpp"
 
 namespace workbench {
+
+// What the loader kept of the files in `data` (a FileData()), or null when
+// it kept no T there.
+template <typename T>
+const T* KeptFileData(const std::any& data) {
+  const auto* kept = std::any_cast<std::shared_ptr<const T>>(&data);
+  return kept != nullptr ? kept->get() : nullptr;
+}
 
 // Opens the project whose .vbp is at `vbp_path`, its text in `code_page` or,
 // when none is given, in the one its files say (vbfiles/code_page.hpp).

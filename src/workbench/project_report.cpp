@@ -64,7 +64,7 @@ std::vector<ByteDifference> RoundTrip(const fs::path& path,
   };
   if (vb::SameName(vb::FromUtf8(path.extension().string()), u".vbp")) {
     const auto project = OpenProject(path, code_page);
-    const auto& data = std::any_cast<const vbfiles::ProjectFiles&>(project->FileData());
+    const auto& data = *KeptFileData<vbfiles::ProjectFiles>(project->FileData());
     for (const auto& [relative, bytes] : ProjectFileBytes(*project)) {
       const auto read = data.as_read.find(relative);
       compare(relative, read != data.as_read.end() ? read->second : std::string(), bytes,
@@ -112,7 +112,7 @@ std::vector<CheckFinding> CheckProject(const fs::path& vbp_path,
   std::vector<CheckFinding> findings;
   const auto project = OpenProject(vbp_path, code_page);
   for (const auto& form : project->Forms()) {
-    const auto& file = std::any_cast<const vbfiles::FormFile&>(form->FileData());
+    const auto& file = *KeptFileData<vbfiles::FormFile>(form->FileData());
     const auto& controls = form->Controls();
     const auto on_form = [&](vb::TextView name) {
       for (const auto& control : controls) {

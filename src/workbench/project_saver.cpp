@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <any>
+#include <deque>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -16,6 +17,7 @@
 #include "vbfiles/project_backup.hpp"
 #include "vbfiles/project_files.hpp"
 #include "workbench/class_rules.hpp"
+#include "workbench/project_loader.hpp"
 
 namespace workbench {
 
@@ -108,14 +110,36 @@ FrmNode FontGroup(const Font& font, vb::Text type) {
 
 // ------------------------------------------------- blocks from the model
 
-FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::FormFile& file) {
-  FrmNode node = original != nullptr ? *original : FrmNode::Object(vb::Text(block.type), {});
-  if (node.name != block.name || node.type != block.type) {
+// A block as saved: its own Begin and End lines, and what goes inside in
+// order, each a line or group as read (in what the loader kept: not copied),
+// one made anew (held in `made`), or the place of a control's block.
+struct SavedBlock {
+  FrmNode lines;  // no children
+  std::vector<const FrmNode*> entries;
+  std::deque<FrmNode> made;  // addresses stay as it grows
+};
+
+SavedBlock BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::FormFile& file) {
+  static const std::vector<FrmNode> kNone;
+  SavedBlock saved;
+  FrmNode& node = saved.lines;
+  if (original != nullptr) {
+    node.kind = original->kind;
+    node.name = original->name;
+    node.type = original->type;
+    node.line = original->line;
+    node.line_end = original->line_end;
+    node.end_line = original->end_line;
+  } else {
+    node = FrmNode::Object(vb::Text(block.type), {});
+  }
+  // Only a rename rewrites the Begin line; the class stays as the file spells it.
+  if (node.name != block.name) {
     node.name = block.name;
-    node.type = block.type;
     if (node.line) node.line_end = node.line->eol;
     node.line.reset();
   }
+  const auto make = [&](FrmNode made) { return &saved.made.emplace_back(std::move(made)); };
   const auto& slots = block.slots;
   const auto slot_named = [&](vb::TextView name) {
     return std::find_if(slots.begin(), slots.end(),
@@ -123,20 +147,23 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
   };
   std::vector<bool> done(slots.size());
   bool font_done = false;
-  std::vector<FrmNode> children;
-  for (const auto& child : node.children) {
+  const auto& read = original != nullptr ? original->children : kNone;
+  auto& entries = saved.entries;
+  entries.reserve(read.size());
+  for (const auto& child : read) {
     if (child.kind == FrmNode::Kind::Group && block.font != nullptr &&
         vb::SameName(child.name, u"Font")) {
       font_done = true;
       // A font that kept its `raw` was not written since it was read.
-      children.push_back(!block.font->raw.empty() ? child : FontGroup(*block.font, child.type));
+      entries.push_back(!block.font->raw.empty() ? &child
+                                                 : make(FontGroup(*block.font, child.type)));
       continue;
     }
     const auto slot = slot_named(child.name);
     if (child.kind != FrmNode::Kind::Property || slot == slots.end()) {
       // Blank lines, groups of other libraries, and lines the model holds
       // nothing for stay as read.
-      children.push_back(child);
+      entries.push_back(&child);
       continue;
     }
     // A property that kept its `raw` was not written since it was read: its
@@ -146,73 +173,70 @@ FrmNode BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles::Fo
     const bool repeated = done[index];
     done[index] = true;
     if (!slot->raw.empty()) {
-      children.push_back(child);
+      entries.push_back(&child);
     } else if (!repeated && ShouldWrite(*slot, block)) {
       FrmNode changed = FrmNode::Property(child.name, ValueText(*slot, block.type, file));
       if (child.line) changed.line_end = child.line->eol;
-      children.push_back(std::move(changed));
+      entries.push_back(make(std::move(changed)));
     }
   }
   for (std::size_t i = 0; i < slots.size(); ++i) {
     if (!done[i] && ShouldWrite(slots[i], block)) {
       vbfiles::InsertInIdeOrder(
-          children, FrmNode::Property(slots[i].name, ValueText(slots[i], block.type, file)));
+          entries, make(FrmNode::Property(slots[i].name, ValueText(slots[i], block.type, file))));
     }
   }
   if (block.font != nullptr && !font_done && !(*block.font == Font())) {
-    vbfiles::InsertInIdeOrder(children, FontGroup(*block.font, {}));
+    vbfiles::InsertInIdeOrder(entries, make(FontGroup(*block.font, {})));
   }
-  node.children = std::move(children);
-  return node;
+  return saved;
 }
 
 // The controls inside each container (null: the form), in the form's order.
 using ControlsByContainer = std::unordered_map<const Control*, std::vector<const Control*>>;
 
-FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
-                     vbfiles::FormFile& file);
+void WriteControl(const Control& control, const ControlsByContainer& all, vbfiles::FormFile& file,
+                  vbfiles::FrmWriter& out, int depth);
 
-// Puts the blocks of the controls inside `container` (null: the form) into
-// `node`: each control read from the file where its block was, a new one (or
-// one moved here) after the last; the place of a deleted control is dropped.
-void PlaceControls(FrmNode& node, const Control* container, const ControlsByContainer& all,
-                   vbfiles::FormFile& file) {
+// Writes the block with the blocks of the controls inside `container` (null:
+// the form): each control read from the file where its block was, a new one
+// (or one moved here) after the last; the place of a deleted control is
+// dropped.
+void WriteBlock(const SavedBlock& saved, const Control* container, const ControlsByContainer& all,
+                vbfiles::FormFile& file, vbfiles::FrmWriter& out, int depth) {
   static const std::vector<const Control*> kNone;
   const auto found = all.find(container);
   const auto& inside = found != all.end() ? found->second : kNone;
   std::vector<bool> placed(inside.size());
   std::unordered_map<std::size_t, std::size_t> by_line;  // line read from -> index
   for (std::size_t i = 0; i < inside.size(); ++i) {
-    const auto* kept = std::any_cast<FrmNode>(&inside[i]->FileData());
+    const auto* kept = KeptFileData<FrmNode>(inside[i]->FileData());
     if (kept != nullptr) by_line.emplace(kept->line_number, i);
   }
-  std::vector<FrmNode> children;
-  children.reserve(node.children.size() + inside.size());
-  for (auto& child : node.children) {
-    if (child.kind != FrmNode::Kind::Object) {
-      children.push_back(std::move(child));
+  out.Begin(saved.lines, depth);
+  for (const FrmNode* entry : saved.entries) {
+    if (entry->kind != FrmNode::Kind::Object) {
+      out.Add(*entry, depth + 1);
       continue;
     }
-    if (const auto it = by_line.find(child.line_number);
+    if (const auto it = by_line.find(entry->line_number);
         it != by_line.end() && !placed[it->second]) {
       placed[it->second] = true;
-      children.push_back(BuildControl(*inside[it->second], all, file));
+      WriteControl(*inside[it->second], all, file, out, depth + 1);
     }
   }
   for (std::size_t i = 0; i < inside.size(); ++i) {
-    if (!placed[i]) children.push_back(BuildControl(*inside[i], all, file));
+    if (!placed[i]) WriteControl(*inside[i], all, file, out, depth + 1);
   }
-  node.children = std::move(children);
+  out.End(saved.lines, depth);
 }
 
-FrmNode BuildControl(const Control& control, const ControlsByContainer& all,
-                     vbfiles::FormFile& file) {
-  const auto* kept = std::any_cast<FrmNode>(&control.FileData());
+void WriteControl(const Control& control, const ControlsByContainer& all, vbfiles::FormFile& file,
+                  vbfiles::FrmWriter& out, int depth) {
+  const auto* kept = KeptFileData<FrmNode>(control.FileData());
   const BlockModel block{control.FileClass(), control.Name(), control.Slots(),
                          control.GetFont(),   false,          kept == nullptr};
-  FrmNode node = BuildBlock(kept, block, file);
-  PlaceControls(node, &control, all, file);
-  return node;
+  WriteBlock(BuildBlock(kept, block, file), &control, all, file, out, depth);
 }
 
 // ------------------------------------------------- the form's file
@@ -238,22 +262,22 @@ std::string BuildFormFile(const FormComponent& form, vbfiles::FormFile& file, bo
     all[on_form.count(container) != 0 ? container : nullptr].push_back(control.get());
   }
 
-  const BlockModel block{
-      document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
-  // Only a renamed form gets a new VB_Name line: the line as read stays, its
-  // spelling, comment or absence included.
-  const bool renamed = document.Form().name != form.FormName();
-  FrmNode root = BuildBlock(&document.Form(), block, file);
-  PlaceControls(root, nullptr, all, file);
-  document.Form() = std::move(root);
-
   for (const auto& control : form.Controls()) {
     if (const auto* library = LibraryToLoad(*control)) vbfiles::AddLibraryTo(document, *library);
   }
-  if (renamed) document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
+  // Only a renamed form gets a new VB_Name line: the line as read stays, its
+  // spelling, comment or absence included.
+  if (document.Form().name != form.FormName()) {
+    document.SetAttribute(u"VB_Name", vbfiles::QuoteFrmString(form.FormName()));
+  }
   const auto module = form.Module();
   document.SetCodeLines(module ? module->AllLines() : std::vector<vb::Text>{});
-  return document.Write();
+
+  const BlockModel block{
+      document.Form().type, form.FormName(), form.FormSlots(), &form.FormFont(), true, is_new};
+  vbfiles::FrmWriter out(document);
+  WriteBlock(BuildBlock(&document.Form(), block, file), nullptr, all, file, out, 0);
+  return out.Finish();
 }
 
 // ------------------------------------------------- the project's files
@@ -265,7 +289,7 @@ struct SaveSet {
 
 SaveSet BuildSaveSet(const Project& project) {
   SaveSet set;
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   std::optional<vb::Text> startup;
   if (!project.Forms().empty()) startup = project.Forms().front()->FormName();
   vbfiles::VbpFile vbp =
@@ -273,7 +297,7 @@ SaveSet BuildSaveSet(const Project& project) {
   set.vbp_name =
       data != nullptr ? data->vbp_path.filename().string() : vb::ToUtf8(project.Name()) + ".vbp";
   for (const auto& form : project.Forms()) {
-    const auto* form_data = std::any_cast<vbfiles::FormFile>(&form->FileData());
+    const auto* form_data = KeptFileData<vbfiles::FormFile>(form->FileData());
     vbfiles::FormFile working =
         form_data != nullptr ? *form_data : vbfiles::FormFile::New(form->FormName());
     if (form_data == nullptr) {
@@ -290,8 +314,9 @@ SaveSet BuildSaveSet(const Project& project) {
   if (data != nullptr) {
     for (const auto& [relative, bytes] : data->other_files) set.files[relative] = bytes;
   }
-  // The project file keeps its own spelling of an unchanged name.
-  if (vbp.ProjectName() != project.Name()) {
+  // The project file keeps its own spelling of an unchanged name, and its
+  // absence: a project without Name= is named for its file.
+  if ((data != nullptr ? data->Name() : vbp.ProjectName()) != project.Name()) {
     vbp.Set(u"Name", vbfiles::QuoteFrmString(project.Name()));
   }
   set.files[set.vbp_name] = vbp.Write();
@@ -311,7 +336,7 @@ SaveResult Save(const Project& project, const std::filesystem::path& vbp_path, b
   const std::string vbp_bytes = std::move(set.files[set.vbp_name]);
   set.files.erase(set.vbp_name);
   // Over the files it was read from, a file is compared with what was read.
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   std::error_code error;
   const bool same_place =
       data != nullptr && std::filesystem::equivalent(data->vbp_path, vbp_path, error);
@@ -339,7 +364,7 @@ SaveResult Save(const Project& project, const std::filesystem::path& vbp_path, b
 }  // namespace
 
 SaveResult SaveProject(const Project& project) {
-  const auto* data = std::any_cast<vbfiles::ProjectFiles>(&project.FileData());
+  const auto* data = KeptFileData<vbfiles::ProjectFiles>(project.FileData());
   if (data == nullptr) {
     throw vb::Failure(vb::kPathFileAccess, u"Path/File access error: the project " +
                                                project.Name() + u" has no project file yet");

@@ -45,6 +45,7 @@ TEST_P(WholeProjectRoundTrip, SavedCopyIsIdentical) {
 INSTANTIATE_TEST_SUITE_P(Projects, WholeProjectRoundTrip,
                          ::testing::Values(SampleDir() / "Sample.vbp",
                                            FixturesDir() / "Fixtures.vbp",
+                                           // without Name=, as many are
                                            FixturesDir() / "cp932" / "Japanese.vbp"),
                          NameOf);
 

@@ -6,9 +6,6 @@
 // property write without its named argument DISPID_PROPERTYPUT, a sink that
 // does not answer the source's interface. Handlers see the arguments first
 // to last, as sent (a by-reference argument stays one), and check the rest.
-// Every call and every name lookup is counted under "Interface.Member", so a
-// test can tell what the code under test asked and how often it resolved a
-// name.
 #pragma once
 
 #include "win32/system.hpp"
@@ -22,6 +19,7 @@
 #include <atomic>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,13 +31,13 @@ namespace comdouble {
 using Microsoft::WRL::ComPtr;
 using win32::Variant;
 
-// Calls made, in order, as "Interface.Member"; cleared by the tests at will.
-inline std::vector<std::string> g_calls;
-inline bool Called(const std::string& member) {
-  return std::find(g_calls.begin(), g_calls.end(), member) != g_calls.end();
+// A by-reference argument pointing at `target`, as an event's out argument.
+inline Variant ByRef(VARTYPE type, void* target) {
+  VARIANT ref;
+  V_VT(&ref) = type | VT_BYREF;
+  V_BYREF(&ref) = target;
+  return Variant::Copy(ref);
 }
-// Name lookups per "Interface.Member", over the whole run.
-inline std::map<std::string, int> g_lookups;
 
 // One call as the object received it.
 struct Call {
@@ -49,25 +47,14 @@ struct Call {
   EXCEPINFO* exception = nullptr;
 
   bool IsPut() const { return flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF); }
-  // Fails the call as an automation server does: DISP_E_EXCEPTION with the
-  // number in scode (or in wCode when `scode` is 0) and these words.
-  HRESULT Refuse(HRESULT scode, const wchar_t* description, WORD code = 0) {
-    if (!exception) return scode ? scode : E_FAIL;
-    *exception = EXCEPINFO{};
-    exception->wCode = code;
-    exception->scode = scode;
-    exception->bstrDescription = SysAllocString(description);
-    return DISP_E_EXCEPTION;
-  }
 };
 using Handler = std::function<HRESULT(Call&)>;
 
 class Object final : public IDispatch, public IConnectionPointContainer, public IConnectionPoint {
  public:
-  // `interface_name` is how the counts name this object's members.
-  static ComPtr<Object> Make(std::string interface_name) {
+  static ComPtr<Object> Make() {
     ComPtr<Object> object;
-    object.Attach(new Object(std::move(interface_name)));
+    object.Attach(new Object());
     return object;
   }
 
@@ -75,25 +62,13 @@ class Object final : public IDispatch, public IConnectionPointContainer, public 
     members_.push_back({name, id, std::move(handler)});
     return *this;
   }
-  // A property that gives its value and takes a new one as written, kind
-  // and all, unless `check` refuses it; an object value is a property giving
-  // that object.
-  Object& Property(const wchar_t* name, DISPID id, Variant value, Handler check = nullptr) {
-    stored_[name] = std::move(value);
-    return Member(name, id, [this, key = std::wstring(name), check](Call& call) {
-      if (call.args.size() != (call.IsPut() ? 1u : 0u)) return DISP_E_BADPARAMCOUNT;
-      if (const HRESULT hr = check && call.IsPut() ? check(call) : S_OK; FAILED(hr)) return hr;
-      if (!call.IsPut()) call.result = stored_[key];
-      if (call.IsPut()) stored_[key] = Variant::Unwrapped(call.args.back().Get());
-      return S_OK;
-    });
-  }
   // Another interface QueryInterface answers (with the IDispatch).
   Object& Answers(const IID& iid) { return answers_.push_back(iid), *this; }
   // Makes the object an event source of `iid`.
   Object& Source(const IID& iid) { return source_ = iid, *this; }
+  // Something that lives as long as the object, as what feeds its events.
+  Object& Keep(std::shared_ptr<void> thing) { return kept_.push_back(std::move(thing)), *this; }
 
-  const Variant& Stored(const wchar_t* name) const { return stored_.at(name); }
   std::size_t Advised() const { return sinks_.size(); }
   // Calls every advised sink with the arguments first to last; S_OK or the
   // first failure, whose words go to `failure`.
@@ -146,7 +121,6 @@ class Object final : public IDispatch, public IConnectionPointContainer, public 
     ids[0] = DISPID_UNKNOWN;
     for (const Entry& entry : members_) {
       if (count != 1 || _wcsicmp(entry.name.c_str(), names[0]) != 0) continue;
-      ++g_lookups[Named(entry)];
       ids[0] = entry.id;
       return S_OK;
     }
@@ -157,7 +131,6 @@ class Object final : public IDispatch, public IConnectionPointContainer, public 
     const auto entry =
         std::find_if(members_.begin(), members_.end(), [id](const Entry& e) { return e.id == id; });
     if (entry == members_.end()) return DISP_E_MEMBERNOTFOUND;
-    g_calls.push_back(Named(*entry));
     Call call{flags, {}, {}, exception};
     const UINT named = params ? params->cNamedArgs : 0;
     if (call.IsPut() && !(named == 1 && params->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT)) {
@@ -202,24 +175,20 @@ class Object final : public IDispatch, public IConnectionPointContainer, public 
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 
  private:
-  explicit Object(std::string interface_name) : interface_name_(std::move(interface_name)) {}
+  Object() = default;
   struct Entry {
     std::wstring name;
     DISPID id;
     Handler handler;
   };
-  std::string Named(const Entry& entry) const {
-    return interface_name_ + "." + std::string(entry.name.begin(), entry.name.end());
-  }
 
   std::atomic<ULONG> refs_{1};
-  std::string interface_name_;
   std::vector<Entry> members_;
-  std::map<std::wstring, Variant> stored_;
   std::vector<IID> answers_;
   std::optional<IID> source_;
   std::map<DWORD, ComPtr<IDispatch>> sinks_;
   DWORD next_cookie_ = 1;
+  std::vector<std::shared_ptr<void>> kept_;  // last: goes first, while sinks_ are still there
 };
 
 }  // namespace comdouble

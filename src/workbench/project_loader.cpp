@@ -164,6 +164,9 @@ void LoadControlBlock(FormComponent& form, FrmNode& node, const std::shared_ptr<
   for (auto& child : node.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
+        // The Begin line names a control; a Name line inside its block is
+        // none of VB's and stays in the file as read.
+        if (vb::SameName(child.name, u"Name")) break;
         control->LoadProperty(child.name,
                               ValueFromFile(control->Rules().Find(child.name), child, source),
                               RawOf(child));
@@ -195,6 +198,7 @@ void LoadFormFile(Project& project, vbfiles::FormFile file) {
   for (auto& child : block.children) {
     switch (child.kind) {
       case FrmNode::Kind::Property:
+        if (vb::SameName(child.name, u"Name")) break;  // as for a control
         form->LoadFormProperty(child.name, ValueFromFile(rules->Find(child.name), child, source),
                                RawOf(child));
         break;

@@ -160,9 +160,11 @@ SavedBlock BuildBlock(const FrmNode* original, const BlockModel& block, vbfiles:
       continue;
     }
     const auto slot = slot_named(child.name);
-    if (child.kind != FrmNode::Kind::Property || slot == slots.end()) {
-      // Blank lines, groups of other libraries, and lines the model holds
-      // nothing for stay as read.
+    if (child.kind != FrmNode::Kind::Property || slot == slots.end() ||
+        vb::SameName(child.name, u"Name")) {
+      // Blank lines, groups of other libraries, lines the model holds
+      // nothing for, and a Name line (the name is the Begin line's) stay as
+      // read.
       entries.push_back(&child);
       continue;
     }

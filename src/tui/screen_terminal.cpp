@@ -1,40 +1,21 @@
 // Curses behind the workbench screen.
 #include "tui/screen_terminal.hpp"
 
-#include <curses.h>
-
-#include <cerrno>
 #include <clocale>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "forms/frontend.hpp"
+#include "tui/curses_text.hpp"
 
 namespace tui {
 namespace {
 
-constexpr int kEscapeMs = 60;
-constexpr int kFailedReads = 8;
 constexpr wint_t kCtrlC = 3;
 constexpr wint_t kCtrlY = 25;
 constexpr wint_t kCtrlZ = 26;
 constexpr wint_t kEscape = 27;
-
-std::wstring Wide(vb::TextView text) {
-  std::wstring out;
-  for (const char16_t c : text) out.push_back(static_cast<wchar_t>(c));
-  return out;
-}
-
-attr_t CursesAttrs(unsigned attrs) {
-  attr_t a = A_NORMAL;
-  if (attrs & kReverse) a |= A_REVERSE;
-  if (attrs & kBold) a |= A_BOLD;
-  if (attrs & kDim) a |= A_DIM;
-  if (attrs & kUnderline) a |= A_UNDERLINE;
-  return a;
-}
 
 Press Only(Press::Kind kind) {
   Press press;
@@ -123,16 +104,9 @@ void ScreenTerminal::Paint(const ScreenPicture& picture) {
 }
 
 Press ScreenTerminal::Read() {
-  for (int failed = 0; failed < kFailedReads;) {
-    wint_t c = 0;
-    errno = 0;
-    const int got = get_wch(&c);
-    if (got == ERR) {
-      // A signal may interrupt the wait; anything else is a closed terminal.
-      if (errno != EINTR) ++failed;
-      continue;
-    }
-    if (got == KEY_CODE_YES) {
+  while (const auto key = ReadKey()) {
+    const wint_t c = key->code;
+    if (key->is_key_code) {
       Press press = FromKeyCode(c);
       if (press.kind != Press::Kind::Text || !press.bytes.empty()) return press;
       continue;
@@ -149,12 +123,9 @@ Press ScreenTerminal::Read() {
         return {Press::Kind::Text, "\r", Press::Nav::Enter};
       case kEscape: {
         // Alt+key comes as Esc and the key: readline takes both.
-        timeout(kEscapeMs);
-        wint_t next = 0;
-        const int more = get_wch(&next);
-        timeout(-1);
-        if (more == OK) return {Press::Kind::Text, "\x1b" + Utf8(next)};
-        if (more == KEY_CODE_YES) ungetch(static_cast<int>(next));
+        const auto next = ReadAfterEscape();
+        if (next && !next->is_key_code) return {Press::Kind::Text, "\x1b" + Utf8(next->code)};
+        if (next) ungetch(static_cast<int>(next->code));
         return {Press::Kind::Text, "\x1b", Press::Nav::Escape};
       }
       default:

@@ -2,11 +2,8 @@
 // attributed text and decoding key presses.
 #include "tui/terminal.hpp"
 
-#include <curses.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
@@ -16,43 +13,13 @@
 #include <unistd.h>
 
 #include "forms/frontend.hpp"
+#include "tui/curses_text.hpp"
 
 namespace tui {
 namespace {
 
-// Curses takes wide characters; the text is UTF-16 inside.
-std::wstring Wide(vb::TextView text) {
-  std::wstring out;
-  out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-        text[i + 1] < 0xE000) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (text[i + 1] - 0xDC00);
-      ++i;
-    }
-    out.push_back(static_cast<wchar_t>(c));
-  }
-  return out;
-}
-
-attr_t CursesAttrs(unsigned attrs) {
-  attr_t a = A_NORMAL;
-  if (attrs & kReverse) a |= A_REVERSE;
-  if (attrs & kBold) a |= A_BOLD;
-  if (attrs & kDim) a |= A_DIM;
-  if (attrs & kUnderline) a |= A_UNDERLINE;
-  return a;
-}
-
-// How long an Esc waits for a letter that makes it Alt+letter, and for the
-// rest of an arrow key's sequence: short enough that Esc alone feels
-// immediate.
-constexpr int kEscapeMs = 60;
 constexpr int kCtrlQ = 17;
 constexpr int kEscape = 27;
-// A read that fails this often in a row means the terminal is gone.
-constexpr int kFailedReads = 8;
 
 Input FromKeyCode(wint_t code) {
   switch (code) {
@@ -224,34 +191,19 @@ void Terminal::PlaceCursor(std::optional<Caret> at) {
 void Terminal::Show() { refresh(); }
 
 Input Terminal::Read() {
-  for (int failed = 0; failed < kFailedReads;) {
-    wint_t c = 0;
-    errno = 0;
-    const int got = get_wch(&c);
-    if (got == ERR) {
-      // A signal may interrupt the wait; anything else is a closed terminal.
-      if (errno != EINTR) ++failed;
-      continue;
-    }
-    if (got == KEY_CODE_YES) {
-      const Input input = FromKeyCode(c);
-      if (input.type != Input::Type::None) return input;
-      continue;
-    }
-    if (c != kEscape) {
-      const Input input = FromChar(c);
+  while (const auto key = ReadKey()) {
+    if (key->is_key_code || key->code != kEscape) {
+      const Input input = key->is_key_code ? FromKeyCode(key->code) : FromChar(key->code);
       if (input.type != Input::Type::None) return input;
       continue;
     }
     // Esc then a letter soon after is how terminals send Alt+letter.
-    timeout(kEscapeMs);
-    wint_t next = 0;
-    const int more = get_wch(&next);
-    timeout(-1);
-    if (more == OK && next < 0x80 && std::isalnum(static_cast<int>(next)))
-      return Input::AltLetter(static_cast<char16_t>(next));
-    if (more == KEY_CODE_YES) ungetch(static_cast<int>(next));
-    if (more == OK) unget_wch(static_cast<wchar_t>(next));
+    const auto next = ReadAfterEscape();
+    if (next && !next->is_key_code && next->code < 0x80 &&
+        std::isalnum(static_cast<int>(next->code)))
+      return Input::AltLetter(static_cast<char16_t>(next->code));
+    if (next && next->is_key_code) ungetch(static_cast<int>(next->code));
+    if (next && !next->is_key_code) unget_wch(static_cast<wchar_t>(next->code));
     return Input::Pressed(forms::Key::Escape);
   }
   throw forms::InputExhausted("the terminal gives no more input");

@@ -1,6 +1,8 @@
 #include "tui/curses_text.hpp"
 
 #include <cerrno>
+#include <clocale>
+#include <cstdio>
 
 namespace tui {
 namespace {
@@ -9,6 +11,20 @@ namespace {
 constexpr int kFailedReads = 8;
 
 }  // namespace
+
+SCREEN* OpenScreen() {
+  // Only the character type: numbers keep the C locale's decimal point.
+  std::setlocale(LC_CTYPE, "");
+  SCREEN* screen = newterm(nullptr, stdout, stdin);
+  if (!screen) return nullptr;
+  set_term(screen);
+  raw();
+  noecho();
+  nonl();
+  keypad(stdscr, TRUE);
+  set_escdelay(kEscapeMs);
+  return screen;
+}
 
 std::wstring Wide(vb::TextView text) {
   std::wstring out;

@@ -19,6 +19,12 @@ namespace tui {
 // rest of an arrow key's sequence.
 inline constexpr int kEscapeMs = 60;
 
+// A curses screen on the terminal, made current, in the modes both front
+// ends read keys in: raw (Ctrl+C, Ctrl+Q, Ctrl+Z and Ctrl+Y are keys, not
+// signals or flow control), no echo, key codes decoded. Null when there is
+// no terminal.
+SCREEN* OpenScreen();
+
 // The UTF-16 text as curses' wide characters (a surrogate pair makes one).
 std::wstring Wide(vb::TextView text);
 

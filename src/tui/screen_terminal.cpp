@@ -1,8 +1,6 @@
 // Curses behind the workbench screen.
 #include "tui/screen_terminal.hpp"
 
-#include <clocale>
-
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -64,17 +62,8 @@ Press FromKeyCode(wint_t code) {
 }  // namespace
 
 ScreenTerminal::ScreenTerminal() {
-  // Only the character type: numbers keep the C locale's decimal point.
-  std::setlocale(LC_CTYPE, "");
-  screen_ = newterm(nullptr, stdout, stdin);
+  screen_ = OpenScreen();
   if (!screen_) throw forms::InputExhausted("no terminal for the workbench screen (is TERM set?)");
-  set_term(screen_);
-  // Raw: Ctrl+C, Ctrl+Z and Ctrl+Y are the screen's keys, not signals.
-  raw();
-  noecho();
-  nonl();
-  keypad(stdscr, TRUE);
-  set_escdelay(kEscapeMs);
 }
 
 ScreenTerminal::~ScreenTerminal() {

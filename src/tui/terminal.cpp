@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <string>
@@ -90,20 +89,11 @@ Terminal::Scope::~Scope() { terminal_->Leave(); }
 void Terminal::Enter() {
   if (depth_++ > 0) return;
   if (!screen_) {
-    // Only the character type: numbers keep the C locale's decimal point.
-    std::setlocale(LC_CTYPE, "");
-    screen_ = newterm(nullptr, stdout, stdin);
+    screen_ = OpenScreen();
     if (!screen_) {
       depth_ = 0;
       throw forms::InputExhausted("no terminal to show the dialog on (is TERM set?)");
     }
-    set_term(screen_);
-    // Raw, so that Ctrl+Q reaches the dialog instead of the flow control.
-    raw();
-    noecho();
-    nonl();
-    keypad(stdscr, TRUE);
-    set_escdelay(kEscapeMs);
   } else {
     // Back from line mode: curses restores its own modes and its handler of
     // size changes, learns the size the terminal has now, and repaints.

@@ -138,7 +138,7 @@ DialogWindow::~DialogWindow() {
 void DialogWindow::CreateControls() {
   // The first child made stands on top. Frames come last, the outermost
   // last of all, so that a frame never covers what it holds.
-  std::vector<const forms::Control*> frames;
+  std::vector<forms::Control*> frames;
   for (const auto& c : form_->Controls()) {
     if (c->Kind() == forms::ControlKind::Frame)
       frames.push_back(c.get());
@@ -147,10 +147,10 @@ void DialogWindow::CreateControls() {
   }
   std::stable_sort(frames.begin(), frames.end(),
                    [](const auto* a, const auto* b) { return Depth(*a) > Depth(*b); });
-  for (const auto* frame : frames) CreateControl(*frame);
+  for (auto* frame : frames) CreateControl(*frame);
 }
 
-HWND DialogWindow::CreateControl(const forms::Control& control) {
+HWND DialogWindow::CreateControl(forms::Control& control) {
   using K = forms::ControlKind;
   const wchar_t* window_class = L"BUTTON";
   DWORD style = kChild;
@@ -199,7 +199,7 @@ HWND DialogWindow::CreateControl(const forms::Control& control) {
   if (!hwnd) throw vb::Failure(vb::kInvalidProcedureCall, u"A control's window could not be made");
   const bool bold = control.Kind() == K::Label && static_cast<const forms::Label&>(control).Bold();
   SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(bold ? bold_font_ : font_), FALSE);
-  controls_[hwnd] = const_cast<forms::Control*>(&control);
+  controls_[hwnd] = &control;
   windows_[&control] = hwnd;
   return hwnd;
 }

@@ -67,7 +67,7 @@ class DialogWindow {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   LRESULT Handle(UINT message, WPARAM w, LPARAM l);
   void CreateControls();
-  HWND CreateControl(const forms::Control& control);
+  HWND CreateControl(forms::Control& control);
   void DrawListRow(const DRAWITEMSTRUCT& item);
   forms::Control* ControlOf(HWND hwnd) const;
   void Record(PendingInput input) { pending_.push_back(input); }
